@@ -9,7 +9,8 @@ enum class BoxButtons { Ok, RetryCancel, YesNo, YesNoCancel };
 enum class BoxAnswer { Ok, Retry, Cancel, Yes, No };
 
 /// One message box: what the operator reads and may answer. The text keeps its CR or CR LF.
-struct MessageBox {
+struct MessageBox
+{
     BoxIcon icon = BoxIcon::Information;
     BoxButtons buttons = BoxButtons::Ok;
     std::string title;

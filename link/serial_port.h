@@ -11,7 +11,8 @@
 namespace tambrix {
 
 /// Why a serial port could not be configured or opened, as the "Comm Port Error" box shows it.
-struct PortFault {
+struct PortFault
+{
     int number = 0;          ///< the port layer's own error number
     std::string source;      ///< the device or the layer that refused
     std::string description; ///< one sentence for the operator

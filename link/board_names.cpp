@@ -1,0 +1,60 @@
+#include "link/board_names.h"
+
+#include <array>
+
+namespace tambrix {
+
+namespace {
+
+struct Board
+{
+    const char* name;
+    const char* libraryIndex;
+};
+
+constexpr std::int16_t kFirstCode = 49;
+
+// By type code from 49 on. R110 and R120 share one library; of a model with a PLC and a PLS
+// variant only the PLC has one.
+constexpr std::array kBoards = {
+    Board{"R110", "1"},      Board{"R120", "1"},      Board{"R130", "?"},
+    Board{"R210", "2"},      Board{"R220", "3"},      Board{"R140", "D"},
+    Board{"R410", ""},       Board{"R240", "F"},      Board{"Not Defined", ""},
+    Board{"Q710", "@"},      Board{"Q711", "A"},      Board{"Q712", "B"},
+    Board{"Q720(PLC)", "C"}, Board{"Q720(PLS)", ""},  Board{"Q740", ""},
+    Board{"Q741", ""},       Board{"H810", "E"},      Board{"Q721(PLC)", ""},
+    Board{"Q721(PLS)", ""},  Board{"Q900(PLC)", "G"}, Board{"Q900(PLS)", ""},
+};
+
+const Board* findBoard(std::int16_t type)
+{
+    const int index = type - kFirstCode;
+    return index >= 0 && index < static_cast<int>(kBoards.size())
+               ? &kBoards[static_cast<std::size_t>(index)]
+               : nullptr;
+}
+
+/// The character with the given code of the single-byte code page, in UTF-8.
+std::string characterOf(std::int16_t code)
+{
+    const auto byte = static_cast<unsigned char>(code);
+    if (byte < 0x80)
+        return {static_cast<char>(byte)};
+    return {static_cast<char>(0xC0 | (byte >> 6)), static_cast<char>(0x80 | (byte & 0x3F))};
+}
+
+} // namespace
+
+std::string TargetboardName(std::int16_t BoardType)
+{
+    const Board* board = findBoard(BoardType);
+    return board != nullptr ? board->name : characterOf(BoardType) + " Is Not Defined.";
+}
+
+std::string LCFBoardIndex(std::int16_t BoardType)
+{
+    const Board* board = findBoard(BoardType);
+    return board != nullptr ? board->libraryIndex : "";
+}
+
+} // namespace tambrix

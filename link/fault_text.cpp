@@ -1,0 +1,31 @@
+#include "link/fault_text.h"
+
+#include "link/lenient_number.h"
+#include "link/text_records.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tambrix {
+
+std::string faultCodeText(std::int16_t code)
+{
+    char text[8];
+    std::snprintf(text, sizeof text, "%02X",
+                  static_cast<unsigned>(static_cast<std::uint16_t>(code)));
+    return text;
+}
+
+std::string faultDescription(std::int16_t code, const std::filesystem::path& faultFile)
+{
+    const std::string hex = faultCodeText(code);
+    const std::string prefix = "Fault Code (" + hex + "H): ";
+    const auto records = readTextRecords(faultFile);
+    if (!records)
+        return prefix + "--- Fault File Not Found ---";
+    const auto match = std::ranges::find_if(
+        *records, [&](const TextRecord& record) { return sameIgnoringCase(record.code, hex); });
+    return match == records->end() ? prefix : prefix + match->text;
+}
+
+} // namespace tambrix

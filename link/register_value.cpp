@@ -1,0 +1,77 @@
+#include "link/register_value.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tambrix {
+
+namespace {
+
+constexpr std::int64_t kWordSplit = 10000; // a D register's low word holds value Mod 10000
+
+std::int64_t word(std::uint8_t low, std::uint8_t high)
+{
+    return high * 256 + low;
+}
+
+std::uint8_t lowByte(std::int64_t number)
+{
+    return static_cast<std::uint8_t>(number % 256);
+}
+
+std::uint8_t highByte(std::int64_t number)
+{
+    return static_cast<std::uint8_t>(number / 256);
+}
+
+} // namespace
+
+std::int64_t composeValue(const RegisterAddress& address, const ValueBytes& bytes)
+{
+    if (address.IsBitAddress)
+        return (bytes[0] & address.BitMask) != 0 ? 1 : 0;
+    switch (address.RegLetter) {
+    case 'W':
+        return word(bytes[0], bytes[1]);
+    case 'D':
+        return word(bytes[2], bytes[3]) * kWordSplit + word(bytes[0], bytes[1]);
+    default:
+        return bytes[0];
+    }
+}
+
+ValueBytes splitValue(char regLetter, std::int64_t number)
+{
+    const std::int64_t low = regLetter == 'D' ? number % kWordSplit : number;
+    const std::int64_t high = regLetter == 'D' ? number / kWordSplit : 0;
+    return {lowByte(low), highByte(low), lowByte(high), highByte(high)};
+}
+
+std::int64_t highestValue(char regLetter)
+{
+    switch (regLetter) {
+    case 'W':
+        return 65535;
+    case 'D':
+        return 65535 * kWordSplit + 9999;
+    default:
+        return 255;
+    }
+}
+
+std::optional<std::int64_t> entryNumber(std::string_view text)
+{
+    constexpr std::int64_t kBeyondAnyRegister = std::numeric_limits<std::int32_t>::max();
+    // The degree sign is 0xB0, alone or, in UTF-8, after 0xC2.
+    constexpr std::string_view kDropped = " %,.\xB0\xC2";
+    std::int64_t number = 0;
+    for (const char c : text) {
+        if (c >= '0' && c <= '9')
+            number = std::min(number * 10 + (c - '0'), kBeyondAnyRegister);
+        else if (kDropped.find(c) == std::string_view::npos)
+            return std::nullopt;
+    }
+    return number;
+}
+
+} // namespace tambrix

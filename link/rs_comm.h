@@ -1,0 +1,94 @@
+#pragma once
+
+#include "link/byte_exchange.h"
+#include "link/link_state.h"
+#include "link/register_access.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tambrix {
+
+/// The target link: the one object that owns the serial port and speaks the controller's byte
+/// protocol. Failures are reported to the operator here; callers test `CommError` and
+/// `OnlineMode` instead of return codes.
+///
+/// Not re-entrant: a message box inside an exchange runs the event loop, and whoever is woken by
+/// it must test `isBusy()` and wait for his next turn. A call that comes in all the same is
+/// refused: it reads "0" and sends nothing.
+class RSComm : public LinkFlags
+{
+public:
+    /// `programFolder` holds the Support folder with the settings and fault text files.
+    RSComm(std::filesystem::path programFolder, Clock& clock, Operator& person);
+
+    RSComm(const RSComm&) = delete;
+    RSComm& operator=(const RSComm&) = delete;
+
+    /// Configures `CommObj` from the settings file, opens it and calls the board's attention
+    /// (0xFF). Sets `OnlineMode` to whether it answered. A port that cannot be configured or
+    /// opened is shown in the "Comm Port Error" box.
+    void OpenRSComm(SerialPort& CommObj);
+
+    /// Sends 0xFF, so that the board leaves its mode, and closes the port. After a communication
+    /// error the port is closed without another try. Clears `OnlineMode`.
+    void CloseRSComm();
+
+    /// Reads one register; decimal text, "0" or "1" for a bit, and "0" when the read failed.
+    std::string RSRead(std::string_view addr);
+
+    /// Writes one register from decimal text. A byte that does not come back as sent makes the
+    /// whole value be written once more; there is no third try and no result.
+    void RSWrite(std::string_view addr, std::string_view DataValue);
+
+    /// Whether the last `RSRead` brought the board's answer: tells a failed read from a zero
+    /// where `CommError` does not (the line was disturbed, but the board answers again).
+    bool readSucceeded() const { return m_readSucceeded; }
+
+    /// Whether a link operation is under way, its message boxes included.
+    bool isBusy() const { return m_busy; }
+
+    /// Whether the last `OpenRSComm` ended in the "Comm Port Error" box.
+    bool portError() const { return m_portError; }
+
+    /// Path of RSPort.cfg in the program's Support folder.
+    std::filesystem::path CommSettingsFile() const;
+
+    std::string TargetboardName(std::int16_t BoardType) const;
+    std::string LCFBoardIndex(std::int16_t BoardType) const;
+
+    /// Firmware revision of the board (B8159), or -1 without any exchange when not on line.
+    std::int16_t FirmwareRev();
+
+    /// Current fault code of the board (B8176); 0 is no fault, and also a failed read.
+    std::int16_t FaultCode();
+
+    /// "Fault Code (1FH): " and the code's text from Support/FaultErrCodes.txt.
+    std::string FaultDescription(std::int16_t FltCode) const;
+
+    std::string EquateAdd(std::string_view addr, std::int16_t TargetBoardIndex) const;
+    bool ValidAdd(std::string_view addr, std::int16_t TargetBoardIndex) const;
+    std::int16_t Dec2Octal(std::int16_t DecNum) const;
+    std::int16_t Octal2Dec(std::int16_t OctNum) const;
+
+private:
+    class Call;
+
+    std::optional<PortFault> ConfigurePort(SerialPort& port);
+    std::optional<PortFault> openPort(SerialPort& port);
+    std::int64_t readNumber(std::string_view addr);
+    std::filesystem::path supportFile(const char* name) const;
+
+    std::filesystem::path m_programFolder;
+    Operator& m_operator;
+    ByteExchange m_exchange;
+    RegisterAccess m_registers;
+    bool m_portError = false;
+    bool m_readSucceeded = false;
+    bool m_busy = false;
+};
+
+} // namespace tambrix

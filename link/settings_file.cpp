@@ -1,0 +1,78 @@
+#include "link/settings_file.h"
+
+#include "link/lenient_number.h"
+
+#include <algorithm>
+#include <fstream>
+
+namespace tambrix {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::error_code ioError()
+{
+    return std::make_error_code(std::errc::io_error);
+}
+
+/// The text after leading blanks and an opening quote: fields may come quoted or plain.
+std::string_view fieldText(std::string_view field)
+{
+    const std::size_t start = field.find_first_not_of(" \t\"");
+    return start == std::string_view::npos ? std::string_view{} : field.substr(start);
+}
+
+CommSettings parseLine(std::string_view line)
+{
+    const std::size_t comma = line.find(',');
+    const std::string_view port = line.substr(0, comma);
+    const std::string_view speed =
+        comma == std::string_view::npos ? std::string_view{} : line.substr(comma + 1);
+    CommSettings settings;
+    settings.port = std::clamp(leadingDecimal(fieldText(port)), kLowestPort, kHighestPort);
+    settings.speed = leadingDecimal(fieldText(speed)) == 19200 ? "19200" : "9600";
+    return settings;
+}
+
+} // namespace
+
+CommSettings readOrCreateCommSettings(const fs::path& file, std::error_code& error)
+{
+    const bool present = fs::exists(file, error);
+    if (error)
+        return {};
+    std::string line;
+    if (present) {
+        if (fs::is_directory(file, error)) {
+            error = std::make_error_code(std::errc::is_a_directory);
+            return {};
+        }
+        std::ifstream stream(file, std::ios::binary);
+        if (!stream) {
+            error = std::make_error_code(std::errc::permission_denied);
+            return {};
+        }
+        constexpr std::size_t kLongestLine = 256;
+        line.resize(kLongestLine);
+        stream.read(line.data(), kLongestLine);
+        line.resize(static_cast<std::size_t>(stream.gcount()));
+    }
+    if (!line.empty())
+        return parseLine(std::string_view(line).substr(0, line.find_first_of("\r\n")));
+    writeCommSettings(file, {}, error);
+    return {};
+}
+
+void writeCommSettings(const fs::path& file, const CommSettings& settings, std::error_code& error)
+{
+    fs::create_directories(file.parent_path(), error);
+    if (error)
+        return;
+    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    stream << settings.port << ',' << settings.speed << "\r\n";
+    stream.close();
+    error = stream ? std::error_code{} : ioError();
+}
+
+} // namespace tambrix

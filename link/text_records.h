@@ -1,0 +1,22 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tambrix {
+
+/// One record of a code text file: a code in hexadecimal and its description.
+struct TextRecord
+{
+    std::string code;
+    std::string text;
+};
+
+/// Reads a file of records, one a line: code, comma, description, each plain or in double quotes
+/// (a quote inside is doubled). Returns nothing when the file does not exist or cannot be opened;
+/// a read error ends the list where it occurred.
+std::optional<std::vector<TextRecord>> readTextRecords(const std::filesystem::path& file);
+
+} // namespace tambrix
