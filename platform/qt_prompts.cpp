@@ -1,0 +1,86 @@
+#include "platform/qt_prompts.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace tambrix {
+
+namespace {
+
+QMessageBox::Icon iconOf(BoxIcon icon)
+{
+    switch (icon) {
+    case BoxIcon::Question:
+        return QMessageBox::Question;
+    case BoxIcon::Warning:
+        return QMessageBox::Warning;
+    case BoxIcon::Critical:
+        return QMessageBox::Critical;
+    case BoxIcon::Information:
+        break;
+    }
+    return QMessageBox::Information;
+}
+
+QMessageBox::StandardButtons buttonsOf(BoxButtons buttons)
+{
+    switch (buttons) {
+    case BoxButtons::RetryCancel:
+        return QMessageBox::Retry | QMessageBox::Cancel;
+    case BoxButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case BoxButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case BoxButtons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+BoxAnswer answerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Retry:
+        return BoxAnswer::Retry;
+    case QMessageBox::Yes:
+        return BoxAnswer::Yes;
+    case QMessageBox::No:
+        return BoxAnswer::No;
+    case QMessageBox::Ok:
+        return BoxAnswer::Ok;
+    default:
+        return BoxAnswer::Cancel;
+    }
+}
+
+} // namespace
+
+QString withLineBreaks(QString text)
+{
+    return text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+}
+
+BoxAnswer QtPrompts::showMessage(const MessageBox& box)
+{
+    QMessageBox dialog(QApplication::activeWindow());
+    dialog.setIcon(iconOf(box.icon));
+    dialog.setWindowTitle(QString::fromStdString(box.title));
+    dialog.setTextFormat(Qt::PlainText);
+    dialog.setText(withLineBreaks(QString::fromStdString(box.text)));
+    dialog.setStandardButtons(buttonsOf(box.buttons));
+    if (box.buttons == BoxButtons::YesNo)
+        dialog.setEscapeButton(QMessageBox::No);
+    return answerOf(dialog.exec());
+}
+
+std::optional<QString> QtPrompts::askText(const QString& title, const QString& prompt,
+                                          const QString& preset)
+{
+    bool accepted = false;
+    const QString text = QInputDialog::getText(QApplication::activeWindow(), title, prompt,
+                                               QLineEdit::Normal, preset, &accepted);
+    return accepted ? std::optional(text) : std::nullopt;
+}
+
+} // namespace tambrix
