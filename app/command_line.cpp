@@ -1,0 +1,98 @@
+#include "app/command_line.h"
+
+#include "shell/version.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kUsageError = 2;
+
+const QCommandLineOption kSimulate(QStringLiteral("simulate"),
+                                   QStringLiteral("Talk to the built-in simulated controller."));
+const QCommandLineOption kSerialDevice(
+    QStringLiteral("serial-device"),
+    QStringLiteral("Use serial device <PATH>, whatever the port number in the settings."),
+    QStringLiteral("PATH"));
+const QCommandLineOption kProgramFolder(
+    QStringLiteral("program-folder"),
+    QStringLiteral("Find Support, Help and set-up files in <DIR> (default: beside the program)."),
+    QStringLiteral("DIR"));
+const QCommandLineOption kDemo(
+    QStringLiteral("demo"),
+    QStringLiteral("Run the main job unattended on the simulated controller and write a picture "
+                   "of each screen into <DIR>."),
+    QStringLiteral("DIR"));
+const QCommandLineOption kHelp({QStringLiteral("h"), QStringLiteral("help")},
+                               QStringLiteral("Show this help."));
+const QCommandLineOption kVersion({QStringLiteral("v"), QStringLiteral("version")},
+                                  QStringLiteral("Show the version."));
+
+/// Options that the window system takes for itself; here only so that they are no error.
+void addWindowSystemOptions(QCommandLineParser& parser)
+{
+    for (const char* name : {"platform", "style"}) {
+        QCommandLineOption option(QLatin1String(name), {}, QStringLiteral("name"));
+        option.setFlags(QCommandLineOption::HiddenFromHelp);
+        parser.addOption(option);
+    }
+}
+
+CommandLine saying(const QString& text, int exitCode)
+{
+    CommandLine line;
+    line.text = text;
+    line.exitCode = exitCode;
+    return line;
+}
+
+/// What is wrong with the arguments, or nothing.
+QString complaint(const QCommandLineParser& parser)
+{
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("Unexpected argument '%1'.")
+            .arg(parser.positionalArguments().constFirst());
+    const QString folder = parser.value(kProgramFolder);
+    if (parser.isSet(kProgramFolder) && !QDir(folder).exists())
+        return QStringLiteral("The program folder '%1' does not exist.").arg(folder);
+    if (parser.isSet(kSerialDevice) && (parser.isSet(kSimulate) || parser.isSet(kDemo)))
+        return QStringLiteral("--serial-device cannot be combined with the simulated controller.");
+    for (const auto* option : {&kSerialDevice, &kDemo}) {
+        if (parser.isSet(*option) && parser.value(*option).isEmpty())
+            return QStringLiteral("--%1 needs a value.").arg(option->names().constFirst());
+    }
+    return {};
+}
+
+} // namespace
+
+CommandLine parseCommandLine(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    parser.setApplicationDescription(
+        QStringLiteral("TAMBRIX: set-up utility of a pneumatic ink-ductor colour-control system."));
+    parser.addOptions({kSimulate, kSerialDevice, kProgramFolder, kDemo, kHelp, kVersion});
+    addWindowSystemOptions(parser);
+
+    const bool parsed = parser.parse(arguments);
+    if (parsed && parser.isSet(kHelp))
+        return saying(parser.helpText(), 0);
+    if (parsed && parser.isSet(kVersion))
+        return saying(QStringLiteral("TAMBRIX %1\n").arg(QLatin1String(kVersionText)), 0);
+    const QString wrong = parsed ? complaint(parser) : parser.errorText();
+    if (!wrong.isEmpty())
+        return saying(QStringLiteral("tambrix: %1\nTry 'tambrix --help'.\n").arg(wrong), kUsageError);
+
+    CommandLine line;
+    line.demoFolder = parser.value(kDemo);
+    line.simulate = parser.isSet(kSimulate) || parser.isSet(kDemo);
+    line.serialDevice = parser.value(kSerialDevice);
+    line.programFolder = parser.value(kProgramFolder);
+    return line;
+}
+
+} // namespace tambrix

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QFont>
+#include <QSize>
+#include <QString>
+
+namespace tambrix {
+
+/// The largest point size between `smallest` and `largest` at which `text`, its lines unbroken,
+/// fits into `space` (device-independent pixels); `smallest` when none does.
+int fittingPointSize(QFont font, const QString& text, const QSize& space, int smallest,
+                     int largest);
+
+} // namespace tambrix

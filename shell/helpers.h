@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+class QLineEdit;
+class QWidget;
+
+namespace tambrix {
+
+/// Moves a dialog to the centre of the desktop that it is on.
+void CenterForm(QWidget& dialog);
+
+/// Selects an entry field's whole text.
+void SelectAllText(QLineEdit& field);
+
+/// The path's folder and base name with another extension (given without a point).
+QString ChangeExtension(const QString& path, const QString& extension);
+
+/// Board type code of a controller program: the character code of the first character of the
+/// .FNX file of the same folder and base name; 68 when that file is missing or empty.
+int ProgramFileTypeChar(const QString& path);
+
+/// Text of the link (UTF-8) as Qt has it.
+inline QString fromLink(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+} // namespace tambrix

@@ -1,0 +1,74 @@
+#include "shell/status_panels.h"
+
+#include <QDateTime>
+#include <QLabel>
+#include <QLocale>
+#include <QStatusBar>
+#include <QToolButton>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kClockInterval = 1000; // ms
+
+QLabel* addLabel(QStatusBar& bar, const QString& key, const QString& toolTip, int stretch)
+{
+    auto* label = new QLabel;
+    label->setObjectName(key);
+    label->setToolTip(toolTip);
+    label->setAccessibleName(toolTip);
+    label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    label->setContentsMargins(6, 1, 6, 1);
+    bar.addPermanentWidget(label, stretch);
+    return label;
+}
+
+} // namespace
+
+StatusPanels::StatusPanels(QStatusBar& bar)
+    : QObject(&bar),
+      m_status(addLabel(bar, QStringLiteral("STATUS"),
+                        QStringLiteral("System Status Display Messages"), 1)),
+      m_mode(new QToolButton)
+{
+    m_mode->setObjectName(QStringLiteral("MODE"));
+    m_mode->setToolTip(QStringLiteral("Communications Mode"));
+    m_mode->setAccessibleName(m_mode->toolTip());
+    m_mode->setFocusPolicy(Qt::TabFocus);
+    m_mode->setMinimumWidth(m_mode->fontMetrics().horizontalAdvance(QStringLiteral("OFFLINE")) +
+                            24);
+    bar.addPermanentWidget(m_mode);
+    m_date = addLabel(bar, QStringLiteral("DATE"), QStringLiteral("Current Date"), 0);
+    m_time = addLabel(bar, QStringLiteral("TIME"), QStringLiteral("Current Time"), 0);
+    connect(m_mode, &QToolButton::clicked, this, &StatusPanels::modeClicked);
+
+    showStatus(QStringLiteral("System Message:"));
+    showMode(false);
+    showDateAndTime();
+    startTimer(kClockInterval);
+}
+
+void StatusPanels::showStatus(const QString& text)
+{
+    m_status->setText(text);
+}
+
+void StatusPanels::showMode(bool online)
+{
+    m_mode->setText(online ? QStringLiteral("ONLINE") : QStringLiteral("OFFLINE"));
+}
+
+void StatusPanels::timerEvent(QTimerEvent*)
+{
+    showDateAndTime();
+}
+
+void StatusPanels::showDateAndTime()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    m_date->setText(QLocale().toString(now.date(), QLocale::ShortFormat));
+    m_time->setText(QLocale().toString(now.time(), QLocale::ShortFormat));
+}
+
+} // namespace tambrix
