@@ -85,7 +85,8 @@ CommandLine parseCommandLine(const QStringList& arguments)
         return saying(QStringLiteral("TAMBRIX %1\n").arg(QLatin1String(kVersionText)), 0);
     const QString wrong = parsed ? complaint(parser) : parser.errorText();
     if (!wrong.isEmpty())
-        return saying(QStringLiteral("tambrix: %1\nTry 'tambrix --help'.\n").arg(wrong), kUsageError);
+        return saying(QStringLiteral("tambrix: %1\nTry 'tambrix --help'.\n").arg(wrong),
+                      kUsageError);
 
     CommandLine line;
     line.demoFolder = parser.value(kDemo);

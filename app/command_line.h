@@ -6,11 +6,12 @@
 namespace tambrix {
 
 /// What the command line asks for.
-struct CommandLine {
-    bool simulate = false;   ///< the built-in controller behind the serial port
-    QString serialDevice;    ///< device to use whatever the port number; empty: by number
-    QString programFolder;   ///< folder with Support and Help; empty: the executable's own
-    QString demoFolder;      ///< where the unattended demonstration puts its pictures; empty: none
+struct CommandLine
+{
+    bool simulate = false; ///< the built-in controller behind the serial port
+    QString serialDevice;  ///< device to use whatever the port number; empty: by number
+    QString programFolder; ///< folder with Support and Help; empty: the executable's own
+    QString demoFolder;    ///< where the unattended demonstration puts its pictures; empty: none
 
     QString text;     ///< what to print instead of starting: help, version or what is wrong
     int exitCode = 0; ///< with `text`: 0, or 2 for a wrong command line

@@ -1,6 +1,8 @@
 #pragma once
 
+#ifndef Q_MOC_RUN // Qt's meta-object compiler stumbles over this header
 #include <coroutine>
+#endif
 #include <exception>
 #include <utility>
 

@@ -34,6 +34,9 @@ public:
     /// The port number last configured; 1 before that.
     int portNumber() const { return m_portNumber; }
 
+    /// The speed last configured, bits a second; 9600 before that.
+    int speed() const { return m_speed; }
+
 private:
     PortFault fault(int number, std::string description) const;
 
