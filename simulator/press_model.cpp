@@ -45,15 +45,16 @@ PressModel::PressModel(BoardMemory& memory, SimTime start) : m_memory(memory), m
     for (int ductor = 0; ductor < kDuctors; ++ductor)
         m_ductors[static_cast<std::size_t>(ductor)].startAt(ductor * kPhaseStep);
     moveMachine();
-    moveModule();
+    showModule();
 }
 
 void PressModel::advanceTo(SimTime now)
 {
-    while (m_time + kScan <= now) {
-        m_time += kScan;
+    if (now < m_time + kScan)
+        return;
+    for (; m_time + kScan <= now; m_time += kScan)
         scan();
-    }
+    showModule();
 }
 
 void PressModel::scan()
@@ -61,7 +62,6 @@ void PressModel::scan()
     ++m_scans;
     moveMachine();
     moveDuctors();
-    moveModule();
     if (m_scans % kScansPerSecond == 0)
         tickBoardClock(m_memory);
 }
@@ -79,13 +79,17 @@ void PressModel::moveMachine()
 
 void PressModel::moveDuctors()
 {
+    int solenoids = 0;
+    int sensors = 0;
     for (int ductor = 0; ductor < kDuctors; ++ductor) {
         moveDuctor(ductor);
         watchDuctor(ductor);
         const Ductor& moved = m_ductors[static_cast<std::size_t>(ductor)];
-        m_memory.setBits(kSolenoids, bitOf(ductor), moved.solenoid());
-        m_memory.setBits(kFeedbackSensors, bitOf(ductor), moved.sensor());
+        solenoids |= moved.solenoid() ? bitOf(ductor) : 0;
+        sensors |= moved.sensor() ? bitOf(ductor) : 0;
     }
+    m_memory.setByte(kSolenoids, static_cast<std::uint8_t>(solenoids));
+    m_memory.setByte(kFeedbackSensors, static_cast<std::uint8_t>(sensors));
 }
 
 void PressModel::moveDuctor(int ductor)
@@ -116,7 +120,7 @@ void PressModel::watchDuctor(int ductor)
         raiseAlarm(ductor);
 }
 
-void PressModel::moveModule()
+void PressModel::showModule()
 {
     const std::int64_t speed = m_memory.word(kMachineSpeed);
     const std::int64_t scale = std::max<std::int64_t>(m_memory.word(kResolverScale), 1);

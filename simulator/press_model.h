@@ -59,7 +59,7 @@ private:
     void moveDuctors();
     void moveDuctor(int ductor);
     void watchDuctor(int ductor);
-    void moveModule();
+    void showModule();
     void resetCounts(std::uint8_t mask);
 
     BoardMemory& m_memory;

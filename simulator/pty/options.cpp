@@ -1,0 +1,168 @@
+#include "simulator/pty/options.h"
+
+#include <getopt.h>
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <string_view>
+
+namespace tambrix {
+
+namespace {
+
+enum Option {
+    Baud = 1,
+    Unpaced,
+    Link,
+    UnplugAfter,
+    ReplugAfter,
+    FaultDuctor,
+    AlarmAfter,
+    Manual,
+    NoLabelSelect,
+    Trace,
+    Help
+};
+
+constexpr std::array<option, 12> kLongOptions{{
+    {"baud", required_argument, nullptr, Baud},
+    {"unpaced", no_argument, nullptr, Unpaced},
+    {"link", required_argument, nullptr, Link},
+    {"unplug-after", required_argument, nullptr, UnplugAfter},
+    {"replug-after", required_argument, nullptr, ReplugAfter},
+    {"fault-ductor", required_argument, nullptr, FaultDuctor},
+    {"alarm-after", required_argument, nullptr, AlarmAfter},
+    {"manual", no_argument, nullptr, Manual},
+    {"no-label-select", no_argument, nullptr, NoLabelSelect},
+    {"trace", no_argument, nullptr, Trace},
+    {"help", no_argument, nullptr, Help},
+    {nullptr, 0, nullptr, 0},
+}};
+
+std::optional<int> wholeNumber(std::string_view text)
+{
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
+    return value;
+}
+
+bool takeSeconds(const char* text, std::optional<SimTime>& result)
+{
+    constexpr double kLongest = 1e6;
+    char* end = nullptr;
+    const double seconds = std::strtod(text, &end);
+    if (end == text || *end != '\0' || !(seconds >= 0 && seconds <= kLongest))
+        return false;
+    result = std::chrono::duration_cast<SimTime>(std::chrono::duration<double>(seconds));
+    return true;
+}
+
+bool takeBaud(std::string_view text, int& baud)
+{
+    const std::optional<int> value = wholeNumber(text);
+    if (value != 9600 && value != 19200)
+        return false;
+    baud = *value;
+    return true;
+}
+
+bool takeDuctor(std::string_view text, std::optional<int>& ductor)
+{
+    const std::optional<int> number = wholeNumber(text);
+    if (!number || *number < 1 || *number > 8)
+        return false;
+    ductor = *number - 1;
+    return true;
+}
+
+// The options with a value; `text` is not null for them.
+bool takeValue(int name, const char* text, Options& options)
+{
+    switch (name) {
+    case Baud:
+        return takeBaud(text, options.baud);
+    case Link:
+        options.link = text;
+        return !options.link.empty();
+    case UnplugAfter:
+        return takeSeconds(text, options.unplugAfter);
+    case ReplugAfter:
+        return takeSeconds(text, options.replugAfter);
+    case FaultDuctor:
+        return takeDuctor(text, options.faultDuctor);
+    default:
+        return takeSeconds(text, options.alarmAfter);
+    }
+}
+
+void takeSwitch(int name, Options& options, bool& unpaced)
+{
+    unpaced = unpaced || name == Unpaced;
+    options.manual = options.manual || name == Manual;
+    options.labelSelect = options.labelSelect && name != NoLabelSelect;
+    options.trace = options.trace || name == Trace;
+    options.help = options.help || name == Help;
+}
+
+} // namespace
+
+std::optional<Options> parseOptions(int argc, char** argv, std::string& complaint)
+{
+    Options options;
+    bool unpaced = false;
+    opterr = 0;
+    for (;;) {
+        int index = 0;
+        const int current = optind;
+        const int name = getopt_long(argc, argv, ":", kLongOptions.data(), &index);
+        if (name == -1)
+            break;
+        if (name == '?' || name == ':') {
+            complaint = std::string(name == '?' ? "unknown option: " : "value missing: ");
+            complaint += argv[current];
+            return std::nullopt;
+        }
+        if (optarg == nullptr) {
+            takeSwitch(name, options, unpaced);
+        } else if (!takeValue(name, optarg, options)) {
+            complaint = std::string("wrong value for --");
+            complaint += kLongOptions[static_cast<std::size_t>(index)].name;
+            complaint += std::string(": ") + optarg;
+            return std::nullopt;
+        }
+    }
+    if (optind < argc)
+        complaint = std::string("unexpected argument: ") + argv[optind];
+    else if (options.replugAfter && !options.unplugAfter)
+        complaint = "--replug-after needs --unplug-after";
+    if (!complaint.empty())
+        return std::nullopt;
+    if (unpaced)
+        options.baud = 0;
+    return options;
+}
+
+const char* helpText()
+{
+    return "Usage: tambrix-board [options]\n"
+           "A simulated Q900 target board behind a pseudo-terminal. Prints the path of the\n"
+           "device to open, and serves it until it is interrupted.\n"
+           "\n"
+           "  --baud 9600|19200    speed of the wire (default 9600)\n"
+           "  --unpaced            answer at once, whatever the speed\n"
+           "  --link PATH          keep a symbolic link to the device at PATH\n"
+           "  --unplug-after S     pull the adapter S seconds after the start\n"
+           "  --replug-after S     put it back S seconds later, as a new device\n"
+           "  --fault-ductor N     feedback sensor of ductor N (1 to 8) does not answer\n"
+           "  --alarm-after S      raise the feedback fault of ductor 1 once, after S seconds\n"
+           "  --manual             panel in manual instead of automatic\n"
+           "  --no-label-select    labels are not chosen from the PC\n"
+           "  --trace              print every byte with its time in seconds to stderr:\n"
+           "                       > to the board, < from the board\n"
+           "  --help               print this text\n";
+}
+
+} // namespace tambrix

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "simulator/sim_time.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace tambrix {
+
+/// What the command line of tambrix-board asks for. Times count from the start of the program.
+struct Options
+{
+    int baud = 9600; ///< 0: bytes take no time
+    std::filesystem::path link;
+    std::optional<SimTime> unplugAfter;
+    std::optional<SimTime> replugAfter; ///< counts from the unplugging
+    std::optional<SimTime> alarmAfter;
+    std::optional<int> faultDuctor; ///< 0 to 7
+    bool manual = false;
+    bool labelSelect = true;
+    bool trace = false;
+    bool help = false;
+};
+
+/// Reads the command line. A wrong one gives no options and a line that says why in `complaint`.
+std::optional<Options> parseOptions(int argc, char** argv, std::string& complaint);
+
+/// The text of --help.
+const char* helpText();
+
+} // namespace tambrix
