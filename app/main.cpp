@@ -1,6 +1,6 @@
 #include "app/built_in_controller.h"
 #include "app/command_line.h"
-#include "app/demo.h"
+#include "app/demo_chapters.h"
 #include "platform/patient_port.h"
 #include "platform/qt_prompts.h"
 #include "platform/qt_serial_port.h"
@@ -47,9 +47,9 @@ int runProgram(const CommandLine& line)
     MainWindow window(state, screens(), {});
     window.show();
 
-    Demo demo(window, controller, QDir(line.demoFolder));
+    DemoStage stage(window, controller, QDir(line.demoFolder));
     if (!line.demoFolder.isEmpty())
-        demo.start();
+        stage.run(demonstration(stage));
     return QApplication::exec();
 }
 

@@ -77,9 +77,9 @@ void MainWindow::load()
     m_state.gFileNamePath = m_state.programFolder.filePath(QStringLiteral("*.sdt"));
     newFile();
     showMode(m_state.gLink.OnlineMode);
+    poll();
     showScreen(0);
     m_loaded = true;
-    poll();
     m_poll.start();
 }
 

@@ -34,6 +34,7 @@ void Screen::activate()
         showOnlineView();
     else
         showOfflineView();
+    refreshAlways();
     m_loop.start(refreshLoop());
 }
 

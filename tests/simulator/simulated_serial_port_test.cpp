@@ -1,6 +1,6 @@
 #include "simulator/inprocess/simulated_serial_port.h"
 
-#include "tests/virtual_clock.h"
+#include "tests/support/virtual_clock.h"
 
 #include <gtest/gtest.h>
 

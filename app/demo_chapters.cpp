@@ -1,0 +1,10 @@
+#include "app/demo_chapters.h"
+
+namespace tambrix {
+
+Task demonstration(DemoStage& stage)
+{
+    co_await demoMainDisplay(stage);
+}
+
+} // namespace tambrix

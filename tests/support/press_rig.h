@@ -1,0 +1,50 @@
+#pragma once
+
+#include "shell/program_state.h"
+#include "simulator/inprocess/simulated_serial_port.h"
+#include "tests/support/scripted_prompts.h"
+#include "tests/support/virtual_clock.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+
+namespace tambrix {
+
+/// A whole press on a test bench: simulated controller, line, port, scripted person and program
+/// state, on a virtual clock and a program folder of its own.
+struct PressRig {
+    QTemporaryDir folder;
+    VirtualClock clock;
+    SimulatedBoard board;
+    SimulatedLine line{board};
+    SimulatedSerialPort port{line, clock};
+    ScriptedPrompts person;
+    ProgramState state{QDir(folder.path()), port, clock, person};
+
+    PressRig() { state.InitSetupData(); }
+
+    /// Opens the link the way View > Online Data does.
+    void goOnline()
+    {
+        state.gLink.OnlineMode = true;
+        state.ApplyOnlineMode();
+    }
+
+    /// Lets the event loop run until `condition` holds; false when it does not within 5 s.
+    static bool eventually(const std::function<bool()>& condition)
+    {
+        return QTest::qWaitFor(condition, 5000);
+    }
+
+    /// Gives every cooperative loop a number of turns.
+    static void turns(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            QCoreApplication::processEvents();
+    }
+};
+
+} // namespace tambrix
