@@ -1,3 +1,5 @@
+cmake_minimum_required(VERSION 3.25)
+
 # Run as: cmake -DSOURCE=<root> -P rooms_test.cmake
 # Fails when a file includes from a room that does not stand below its own, or Qt where there is none.
 
