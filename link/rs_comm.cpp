@@ -107,11 +107,9 @@ std::string RSComm::RSRead(std::string_view addr)
 void RSComm::RSWrite(std::string_view addr, std::string_view DataValue)
 {
     const Call call(*this);
-    if (!call)
-        return;
-    m_registers.WriteRegister(addr, DataValue);
-    if (m_registers.writeVerifyFailed())
-        m_registers.WriteRegister(addr, DataValue);
+    m_writeSucceeded = call && m_registers.WriteRegister(addr, DataValue);
+    if (call && m_registers.writeVerifyFailed())
+        m_writeSucceeded = m_registers.WriteRegister(addr, DataValue);
 }
 
 std::filesystem::path RSComm::supportFile(const char* name) const

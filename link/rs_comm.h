@@ -48,6 +48,10 @@ public:
     /// where `CommError` does not (the line was disturbed, but the board answers again).
     bool readSucceeded() const { return m_readSucceeded; }
 
+    /// Whether the board has sent back every byte of the last `RSWrite` as it should. If not, the
+    /// value was refused, or nobody knows what the register holds.
+    bool writeSucceeded() const { return m_writeSucceeded; }
+
     /// Whether a link operation is under way, its message boxes included.
     bool isBusy() const { return m_busy; }
 
@@ -88,6 +92,7 @@ private:
     RegisterAccess m_registers;
     bool m_portError = false;
     bool m_readSucceeded = false;
+    bool m_writeSucceeded = false;
     bool m_busy = false;
 };
 
