@@ -84,6 +84,14 @@ void RegisterAccess::WriteRegister(std::string_view addr, std::string_view value
         writeBytes(address, splitValue(address.RegLetter, *number));
 }
 
+bool RegisterAccess::WriteTwice(std::string_view addr, std::string_view value)
+{
+    WriteRegister(addr, value);
+    if (m_writeVerifyFailed)
+        WriteRegister(addr, value);
+    return !m_writeVerifyFailed;
+}
+
 std::optional<std::int64_t> RegisterAccess::numberToWrite(const RegisterAddress& address,
                                                           std::string_view value)
 {
