@@ -3,6 +3,7 @@
 #include "simulator/memory_map.h"
 
 #include <array>
+#include <cstddef>
 
 namespace tambrix {
 

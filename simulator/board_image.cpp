@@ -88,9 +88,9 @@ void setUpBoard(BoardMemory& memory)
     memory.setByte(kCalendarDay, 4);
     memory.setByte(kCalendarMonth, 3);
     memory.setByte(kCalendarYear, 24);
-    for (std::uint16_t i = 0; i < kName.size(); ++i)
-        memory.setByte(static_cast<std::uint16_t>(kProgramName + i),
-                       static_cast<std::uint8_t>(kName[i]));
+    std::uint16_t address = kProgramName;
+    for (const char character : kName)
+        memory.setByte(address++, static_cast<std::uint8_t>(character));
     memory.setByte(kProgramChecksum, 0x5A);
     memory.setByte(kProgramRevision, 3);
 }

@@ -6,6 +6,7 @@
 #include "simulator/sim_time.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace tambrix {

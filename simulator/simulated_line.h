@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <utility>
 
 namespace tambrix {
 

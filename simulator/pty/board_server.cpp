@@ -6,6 +6,9 @@
 #include <ctime>
 #include <iostream>
 #include <poll.h>
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
 
 namespace tambrix {
 
@@ -14,7 +17,7 @@ namespace {
 using std::chrono::microseconds;
 
 // The kernel may wake a sleeper this late; the remainder up to a reply's due time is spun away.
-constexpr SimTime kSleepMargin = microseconds(150);
+constexpr SimTime kSleepMargin = microseconds(250);
 // While a transfer runs, the PC's next byte follows the reply within this time. Spinning for it
 // makes its arrival exact.
 constexpr SimTime kNextRequestWait = microseconds(200);
@@ -36,6 +39,15 @@ timespec toTimespec(SimTime span)
     return result;
 }
 
+// By default Linux lets a sleep run 50 microseconds over, to save wake-ups.
+void askForPreciseSleeps()
+{
+#ifdef __linux__
+    constexpr unsigned long kSlackNs = 1;
+    prctl(PR_SET_TIMERSLACK, kSlackNs, 0UL, 0UL, 0UL);
+#endif
+}
+
 void printByte(const WireByte& wire)
 {
     const char direction = wire.direction == WireByte::Direction::ToBoard ? '>' : '<';
@@ -46,7 +58,9 @@ void printByte(const WireByte& wire)
 } // namespace
 
 BoardServer::BoardServer(const Options& options)
-    : m_board(sinceStart()), m_line(m_board, options.baud), m_link(options.link)
+    : m_board(sinceStart()),
+      m_line(m_board, options.unpaced ? 0 : options.baud),
+      m_link(options.link)
 {
     PressModel& press = m_board.press();
     if (options.manual)
@@ -73,6 +87,7 @@ void BoardServer::plan(const Options& options)
 
 void BoardServer::run(const volatile std::sig_atomic_t& stop)
 {
+    askForPreciseSleeps();
     plug();
     while (stop == 0) {
         actOnEvents();

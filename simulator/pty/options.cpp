@@ -63,7 +63,7 @@ bool takeSeconds(const char* text, std::optional<SimTime>& result)
 bool takeBaud(std::string_view text, int& baud)
 {
     const std::optional<int> value = wholeNumber(text);
-    if (value != 9600 && value != 19200)
+    if (!value || (*value != 9600 && *value != 19200))
         return false;
     baud = *value;
     return true;
@@ -98,13 +98,30 @@ bool takeValue(int name, const char* text, Options& options)
     }
 }
 
-void takeSwitch(int name, Options& options, bool& unpaced)
+void takeSwitch(int name, Options& options)
 {
-    unpaced = unpaced || name == Unpaced;
+    options.unpaced = options.unpaced || name == Unpaced;
     options.manual = options.manual || name == Manual;
     options.labelSelect = options.labelSelect && name != NoLabelSelect;
     options.trace = options.trace || name == Trace;
     options.help = options.help || name == Help;
+}
+
+// Takes what getopt_long found at `word`; returns the complaint, empty when all is well.
+std::string takeOption(int name, int index, const std::string& word, Options& options)
+{
+    if (name == '?')
+        return "unknown option: " + word;
+    if (name == ':')
+        return "value missing: " + word;
+    if (optarg == nullptr)
+        takeSwitch(name, options);
+    else if (!takeValue(name, optarg, options))
+        return std::string("wrong value for --")
+            .append(kLongOptions[static_cast<std::size_t>(index)].name)
+            .append(": ")
+            .append(optarg);
+    return {};
 }
 
 } // namespace
@@ -112,37 +129,20 @@ void takeSwitch(int name, Options& options, bool& unpaced)
 std::optional<Options> parseOptions(int argc, char** argv, std::string& complaint)
 {
     Options options;
-    bool unpaced = false;
-    opterr = 0;
-    for (;;) {
+    complaint.clear();
+    opterr = 0; // the caller says what is wrong
+    for (int name = 0; complaint.empty() && name != -1;) {
         int index = 0;
         const int current = optind;
-        const int name = getopt_long(argc, argv, ":", kLongOptions.data(), &index);
-        if (name == -1)
-            break;
-        if (name == '?' || name == ':') {
-            complaint = std::string(name == '?' ? "unknown option: " : "value missing: ");
-            complaint += argv[current];
-            return std::nullopt;
-        }
-        if (optarg == nullptr) {
-            takeSwitch(name, options, unpaced);
-        } else if (!takeValue(name, optarg, options)) {
-            complaint = std::string("wrong value for --");
-            complaint += kLongOptions[static_cast<std::size_t>(index)].name;
-            complaint += std::string(": ") + optarg;
-            return std::nullopt;
-        }
+        name = getopt_long(argc, argv, ":", kLongOptions.data(), &index);
+        if (name != -1)
+            complaint = takeOption(name, index, argv[current], options);
     }
-    if (optind < argc)
-        complaint = std::string("unexpected argument: ") + argv[optind];
-    else if (options.replugAfter && !options.unplugAfter)
+    if (complaint.empty() && optind < argc)
+        complaint = std::string("unexpected argument: ").append(argv[optind]);
+    if (complaint.empty() && options.replugAfter && !options.unplugAfter)
         complaint = "--replug-after needs --unplug-after";
-    if (!complaint.empty())
-        return std::nullopt;
-    if (unpaced)
-        options.baud = 0;
-    return options;
+    return complaint.empty() ? std::optional(options) : std::nullopt;
 }
 
 const char* helpText()

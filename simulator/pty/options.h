@@ -11,7 +11,8 @@ namespace tambrix {
 /// What the command line of tambrix-board asks for. Times count from the start of the program.
 struct Options
 {
-    int baud = 9600; ///< 0: bytes take no time
+    int baud = 9600;      ///< 9600 or 19200
+    bool unpaced = false; ///< bytes take no time
     std::filesystem::path link;
     std::optional<SimTime> unplugAfter;
     std::optional<SimTime> replugAfter; ///< counts from the unplugging

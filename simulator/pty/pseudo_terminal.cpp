@@ -17,6 +17,15 @@ void require(bool done, const char* what)
         throw std::system_error(errno, std::generic_category(), what);
 }
 
+std::string unlockedPath(int master)
+{
+    require(master >= 0, "no pseudo-terminal");
+    require(grantpt(master) == 0 && unlockpt(master) == 0, "pseudo-terminal is locked");
+    const char* name = ptsname(master);
+    require(name != nullptr, "pseudo-terminal has no name");
+    return name;
+}
+
 void makeRaw(int descriptor)
 {
     termios settings{};
@@ -27,34 +36,31 @@ void makeRaw(int descriptor)
 
 } // namespace
 
-PseudoTerminal::PseudoTerminal() : m_master(posix_openpt(O_RDWR | O_NOCTTY))
+Descriptor::~Descriptor()
 {
-    require(m_master >= 0, "no pseudo-terminal");
-    require(grantpt(m_master) == 0 && unlockpt(m_master) == 0, "pseudo-terminal is locked");
-    const char* name = ptsname(m_master);
-    require(name != nullptr, "pseudo-terminal has no name");
-    m_path = name;
-    m_slave = open(name, O_RDWR | O_NOCTTY);
-    require(m_slave >= 0, name);
-    makeRaw(m_slave);
-    require(fcntl(m_master, F_SETFL, O_NONBLOCK) == 0, "fcntl");
+    if (m_value >= 0)
+        close(m_value);
 }
 
-PseudoTerminal::~PseudoTerminal()
+PseudoTerminal::PseudoTerminal()
+    : m_master(posix_openpt(O_RDWR | O_NOCTTY)),
+      m_path(unlockedPath(descriptor())),
+      m_slave(open(m_path.c_str(), O_RDWR | O_NOCTTY))
 {
-    close(m_slave);
-    close(m_master);
+    require(m_slave.value() >= 0, m_path.c_str());
+    makeRaw(m_slave.value());
+    require(fcntl(descriptor(), F_SETFL, O_NONBLOCK) == 0, "fcntl");
 }
 
 std::size_t PseudoTerminal::read(std::span<std::uint8_t> buffer)
 {
-    const ssize_t count = ::read(m_master, buffer.data(), buffer.size());
+    const ssize_t count = ::read(descriptor(), buffer.data(), buffer.size());
     return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
 void PseudoTerminal::write(std::uint8_t byte)
 {
-    while (::write(m_master, &byte, 1) < 0 && errno == EINTR) {
+    while (::write(descriptor(), &byte, 1) < 0 && errno == EINTR) {
     }
 }
 

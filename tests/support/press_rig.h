@@ -15,7 +15,8 @@ namespace tambrix {
 
 /// A whole press on a test bench: simulated controller, line, port, scripted person and program
 /// state, on a virtual clock and a program folder of its own.
-struct PressRig {
+struct PressRig
+{
     QTemporaryDir folder;
     VirtualClock clock;
     SimulatedBoard board;

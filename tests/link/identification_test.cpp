@@ -1,0 +1,95 @@
+#include "link/board_names.h"
+#include "link/fault_text.h"
+#include "tests/support/link_rig.h"
+
+using namespace tambrix;
+
+namespace {
+
+struct BoardCase
+{
+    std::int16_t code;
+    const char* name;
+    const char* index;
+};
+
+struct FaultCase
+{
+    std::int16_t code;
+    const char* text;
+};
+
+} // namespace
+
+TEST(BoardNames, FollowTheTypeCode)
+{
+    const BoardCase cases[] = {
+        {49, "R110", "1"},
+        {50, "R120", "1"},
+        {51, "R130", "?"},
+        {55, "R410", ""},
+        {56, "R240", "F"},
+        {57, "Not Defined", ""},
+        {58, "Q710", "@"},
+        {61, "Q720(PLC)", "C"},
+        {62, "Q720(PLS)", ""},
+        {65, "H810", "E"},
+        {68, "Q900(PLC)", "G"},
+        {69, "Q900(PLS)", ""},
+        {70, "F Is Not Defined.", ""},
+        {48, "0 Is Not Defined.", ""},
+        {-1, "\xC3\xBF Is Not Defined.", ""},
+    };
+    for (const BoardCase& c : cases) {
+        EXPECT_EQ(TargetboardName(c.code), c.name) << c.code;
+        EXPECT_EQ(LCFBoardIndex(c.code), c.index) << c.code;
+    }
+}
+
+TEST(FaultTexts, AreFoundByTheirCode)
+{
+    const ScratchFolder folder;
+    const auto file = folder.write("faults.txt", "\xEF\xBB\xBF"
+                                                 "0A,Low battery\r\n"
+                                                 "1f,\"Slot, \"\"upper\"\" one\"\r\n"
+                                                 "\r\n"
+                                                 "1F,never reached\r\n"
+                                                 " 00 , No fault \n"
+                                                 "2B\n"
+                                                 "\"3C\",plain, with a comma\n"
+                                                 "4D,\"no closing quote");
+    const FaultCase cases[] = {
+        {10, "Fault Code (0AH): Low battery"},
+        {31, "Fault Code (1FH): Slot, \"upper\" one"},
+        {0, "Fault Code (00H): No fault"},
+        {0x2B, "Fault Code (2BH): "},
+        {0x3C, "Fault Code (3CH): plain, with a comma"},
+        {0x4D, "Fault Code (4DH): no closing quote"},
+        {0x7F, "Fault Code (7FH): "},
+        {-1, "Fault Code (FFFFH): "},
+    };
+    for (const FaultCase& c : cases)
+        EXPECT_EQ(faultDescription(c.code, file), c.text);
+    EXPECT_EQ(faultDescription(31, folder.path() / "missing.txt"),
+              "Fault Code (1FH): --- Fault File Not Found ---");
+    EXPECT_EQ(faultDescription(31, folder.path()), // a folder is no file
+              "Fault Code (1FH): --- Fault File Not Found ---");
+    EXPECT_EQ(faultDescription(31, folder.write("empty.txt", "")), "Fault Code (1FH): ");
+}
+
+TEST(Identification, NeedsAUsableLink)
+{
+    LinkRig rig;
+    rig.board.poke(8159, 42);
+    rig.board.poke(8176, 0x1F);
+    EXPECT_EQ(rig.link.FirmwareRev(), -1);
+    EXPECT_EQ(rig.line.exchanges(), 0u);
+    rig.open();
+    EXPECT_EQ(rig.link.FirmwareRev(), 42);
+    EXPECT_EQ(rig.link.FaultCode(), 0x1F);
+    rig.link.CommError = true;
+    EXPECT_EQ(rig.link.FirmwareRev(), -1);
+    EXPECT_EQ(rig.link.FaultCode(), 0); // reads as no fault while the link is broken
+    rig.folder.write("Support/FaultErrCodes.txt", "1F,Slot fault\r\n");
+    EXPECT_EQ(rig.link.FaultDescription(0x1F), "Fault Code (1FH): Slot fault");
+}

@@ -1,0 +1,96 @@
+#include "platform/qt_serial_port.h"
+#include "platform/serial_device.h"
+#include "platform/steady_clock.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+using namespace std::chrono_literals;
+
+TEST(SerialDevice, IsNamedByItsNumber)
+{
+#ifdef Q_OS_WIN
+    EXPECT_EQ(serialDeviceName(3), "COM3");
+#else
+    EXPECT_EQ(serialDeviceName(1), "/dev/ttyS0");
+    EXPECT_EQ(serialDeviceName(12), "/dev/ttyS11");
+#endif
+}
+
+TEST(QtSerialPortTest, ReportsAMissingDevice)
+{
+    SteadyClock clock;
+    QtSerialPort port(clock, "no-such-serial-device");
+    EXPECT_FALSE(port.configure(1, "9600,n,8,1"));
+    const auto fault = port.open();
+    ASSERT_TRUE(fault);
+    EXPECT_NE(fault->number, 0);
+    EXPECT_NE(fault->source.find("no-such-serial-device"), std::string::npos);
+    EXPECT_FALSE(fault->description.empty());
+    EXPECT_FALSE(port.isOpen());
+}
+
+#ifdef TAMBRIX_BOARD
+namespace {
+
+/// The simulated controller on a pseudo-terminal, in a process of its own.
+struct BoardProcess
+{
+    QProcess process;
+    QString device;
+
+    BoardProcess()
+    {
+        process.start(TAMBRIX_BOARD, {"--unpaced"});
+        if (process.waitForStarted() && process.waitForReadyRead())
+            device = QString::fromLocal8Bit(process.readLine()).trimmed();
+    }
+    ~BoardProcess() { unplug(); }
+    BoardProcess(const BoardProcess&) = delete;
+    BoardProcess& operator=(const BoardProcess&) = delete;
+
+    void unplug()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+};
+
+} // namespace
+
+TEST(QtSerialPortTest, TalksOverATruePortUntilItVanishes)
+{
+    BoardProcess board;
+    ASSERT_FALSE(board.device.isEmpty());
+    SteadyClock clock;
+    QtSerialPort port(clock, board.device);
+    ASSERT_FALSE(port.configure(1, "19200,n,8,1"));
+    ASSERT_FALSE(port.open());
+    for (int i = 0; i < 50; ++i) {
+        port.writeByte(0xFF);
+        ASSERT_TRUE(port.waitForInput(5s));
+        ASSERT_EQ(port.readByte(), 0x55);
+    }
+    EXPECT_EQ(port.bytesWaiting(), 0u);
+
+    board.unplug();
+    for (int i = 0; i < 3; ++i) { // with and without the event loop between
+        port.writeByte(0xFF);
+        const Duration start = clock.now();
+        EXPECT_FALSE(port.waitForInput(30ms));
+        EXPECT_GE(clock.now() - start, 30ms); // silent, but never spinning
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(port.isOpen());
+        port.discardInput();
+    }
+    port.close();
+    EXPECT_TRUE(port.open().has_value());
+    BoardProcess again;
+    QtSerialPort back(clock, again.device);
+    ASSERT_FALSE(back.configure(1, "9600,n,8,1"));
+    EXPECT_FALSE(back.open());
+}
+#endif

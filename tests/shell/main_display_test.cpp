@@ -1,0 +1,89 @@
+#include "tests/support/window_rig.h"
+
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+namespace {
+
+struct DisplayRig : WindowRig
+{
+    QString speed() const { return control<QLabel>("lblDisplay").text(); }
+    QPushButton& reset() const { return control<QPushButton>("cmdAlarmReset"); }
+    QString messages() const { return control<QPlainTextEdit>("txtMessageDisplay").toPlainText(); }
+};
+
+} // namespace
+
+TEST(MainDisplayTest, IsGreyOffLineAndAliveOnLine)
+{
+    DisplayRig rig;
+    EXPECT_EQ(rig.speed(), "-");
+    EXPECT_FALSE(rig.reset().isEnabled());
+    EXPECT_TRUE(rig.messages().contains("OFFLINE"));
+
+    rig.board.press().stop();
+    rig.board.press().setMachineSpeed(0);
+    rig.window->goOnline();
+    EXPECT_TRUE(PressRig::eventually([&] { return rig.speed() == "0"; }));
+    EXPECT_TRUE(rig.reset().isEnabled());
+    rig.board.press().setMachineSpeed(900);
+    EXPECT_TRUE(PressRig::eventually([&] { return rig.speed().toInt() > 5; }));
+
+    rig.window->goOffline();
+    EXPECT_TRUE(PressRig::eventually([&] { return rig.speed() == "-"; }));
+    EXPECT_FALSE(rig.reset().isEnabled());
+}
+
+TEST(MainDisplayTest, ResetsTheAlarmsThatItShows)
+{
+    DisplayRig rig;
+    rig.window->goOnline();
+    rig.board.press().raiseAlarm(0);
+    rig.board.press().raiseAlarm(7);
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.messages().count("Feedback Fault") == 2; }));
+    EXPECT_TRUE(rig.messages().contains("Ductor No.8 Feedback Fault"));
+    rig.reset().click();
+    EXPECT_TRUE(PressRig::eventually([&] { return rig.messages().contains("System Normal"); }));
+    EXPECT_EQ(rig.board.peek(65), 0);
+}
+
+TEST(MainDisplayTest, ABrokenLineDropsTheWholeProgramOffLineWithOneBox)
+{
+    DisplayRig rig;
+    rig.window->goOnline();
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.speed() != "-"; }));
+    rig.line.unplug();
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.mode() == "OFFLINE"; }));
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.speed() == "-"; }));
+    EXPECT_EQ(rig.person.boxes.size(), 1u);
+    EXPECT_TRUE(PressRig::eventually(
+        [&] { return rig.status() == "System Message:  Comm Fault with Q900"; }));
+    const std::size_t exchanges = rig.line.exchanges();
+    rig.reset().setEnabled(true);
+    rig.reset().click();
+    EXPECT_EQ(rig.line.exchanges(), exchanges);
+
+    rig.line.plugIn();
+    rig.window->goOnline();
+    EXPECT_TRUE(PressRig::eventually([&] { return rig.speed().toInt() > 0; }));
+    EXPECT_EQ(rig.mode(), "ONLINE");
+    EXPECT_EQ(rig.person.boxes.size(), 1u);
+}
+
+TEST(MainDisplayTest, EightAlarmsFitIntoTheirFrame)
+{
+    DisplayRig rig;
+    rig.window->resize(1366, 768);
+    rig.window->goOnline();
+    for (int d = 0; d < 8; ++d)
+        rig.board.press().raiseAlarm(d);
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.messages().count("Feedback Fault") == 8; }));
+    const auto& view = rig.control<QPlainTextEdit>("txtMessageDisplay");
+    const QSize needed = QFontMetrics(view.font()).size(Qt::TextExpandTabs, view.toPlainText());
+    EXPECT_LE(needed.height(), view.viewport()->height());
+    EXPECT_LE(needed.width(), view.viewport()->width());
+}

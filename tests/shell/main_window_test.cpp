@@ -1,0 +1,291 @@
+#include "tests/support/window_rig.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QStatusBar>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+namespace {
+
+/// A screen that only counts what is done with it.
+class CountingScreen : public Screen
+{
+public:
+    CountingScreen(ProgramState& shared, int& alive) : Screen(shared), m_alive(alive) { ++m_alive; }
+    ~CountingScreen() override { --m_alive; }
+
+    int onlineViews = 0;
+    int offlineViews = 0;
+
+protected:
+    void applyOnlineView() override { ++onlineViews; }
+    void applyOfflineView() override { ++offlineViews; }
+    Task onlinePass() override
+    {
+        return readRegisters(m_registers, [](std::size_t, const QString&) {});
+    }
+
+private:
+    int& m_alive;
+    std::array<std::string, 3> m_registers = {"W112", "B100", "D940"};
+};
+
+struct ShellRig
+{
+    int alive = 0;
+    CountingScreen* counting = nullptr; ///< the one made last
+    WindowRig rig{screens()};
+
+    ScreenTable screens()
+    {
+        ScreenTable table = WindowRig::defaultScreens();
+        table[2] = [this](ProgramState& shared) {
+            auto made = std::make_unique<CountingScreen>(shared, alive);
+            counting = made.get();
+            return made;
+        };
+        return table;
+    }
+
+    CountingScreen* showCounting()
+    {
+        rig.window->showScreen(2);
+        return counting;
+    }
+};
+
+/// Menu captions from top to bottom, "-" for a separator, with a submenu's behind it.
+QStringList captions(const QMenu& menu)
+{
+    QStringList list;
+    for (const QAction* action : menu.actions()) {
+        list += action->isSeparator() ? QStringLiteral("-") : action->text();
+        if (action->menu() != nullptr)
+            list += captions(*action->menu());
+    }
+    return list;
+}
+
+} // namespace
+
+TEST(MainWindowTest, StartsOffLineWithItsMenusAndPanels)
+{
+    const WindowRig rig;
+    EXPECT_EQ(rig.window->windowTitle(), "TAMBRIX - [unnamed]");
+    EXPECT_EQ(rig.mode(), "OFFLINE");
+    EXPECT_EQ(rig.status(), "System Message:  Program is Currently OFFLINE");
+    EXPECT_TRUE(rig.item("mnuViewOffline").isChecked());
+    EXPECT_FALSE(rig.item("mnuViewOnline").isChecked());
+    EXPECT_TRUE(rig.item("mnuWindow(0)").isChecked());
+    EXPECT_FALSE(rig.item("mnuEditPasscode").isEnabled());
+    EXPECT_FALSE(rig.item("mnuFileDownloadProgram").isEnabled()); // no command was given for it
+    EXPECT_EQ(rig.state.gFileNamePath, rig.state.programFolder.filePath("*.sdt"));
+    EXPECT_EQ(rig.state.helpFile, rig.state.programFolder.filePath("Help/TMBRX.hlp"));
+    EXPECT_FALSE(rig.state.gLink.OnlineMode);
+
+    QStringList all;
+    for (const QAction* top : rig.window->menuBar()->actions()) {
+        all += top->text();
+        all += captions(*top->menu());
+    }
+    const QStringList groups = {"Set-up Data", "Shift Data", "Label Data"};
+    for (const char* caption : {"&File",
+                                "&New...",
+                                "&Open...",
+                                "&Save",
+                                "Save &As...",
+                                "Export Shift Data...",
+                                "&Upload (save) Data",
+                                "&Download Program",
+                                "Dow&nload (restore) Data",
+                                "&Report Setup",
+                                "&Print Report...",
+                                "E&xit",
+                                "&Edit",
+                                "Enable &Offline Editing",
+                                "Co&mm Port",
+                                "Color Control Passcode",
+                                "&View",
+                                "&Target Board Interface",
+                                "O&nline Data",
+                                "O&ffline Data",
+                                "&Window",
+                                "&1 Main Display",
+                                "&2 Set-up Parameters",
+                                "&3 Shift Data",
+                                "&4 Color Control",
+                                "&5 I/O States",
+                                "&Help",
+                                "&Help Topics",
+                                "&About TAMBRIX"})
+        EXPECT_TRUE(all.contains(QLatin1String(caption))) << caption;
+    EXPECT_EQ(all.filter("Label Data").size(), 2);
+}
+
+TEST(MainWindowTest, FollowsTheMode)
+{
+    WindowRig rig;
+    rig.item("mnuViewOnline").trigger();
+    EXPECT_EQ(rig.mode(), "ONLINE");
+    EXPECT_TRUE(rig.item("mnuViewOnline").isChecked());
+    EXPECT_FALSE(rig.item("mnuViewOffline").isChecked());
+    EXPECT_TRUE(rig.item("mnuEditPasscode").isEnabled());
+    rig.item("mnuViewOnline").trigger(); // already on line: the check mark stays
+    EXPECT_TRUE(rig.item("mnuViewOnline").isChecked());
+    rig.control<QToolButton>("MODE").click();
+    EXPECT_EQ(rig.mode(), "OFFLINE");
+    EXPECT_FALSE(rig.port.isOpen());
+    EXPECT_EQ(rig.board.mode(), 0);
+
+    rig.line.unplug();
+    rig.control<QToolButton>("MODE").click();
+    EXPECT_EQ(rig.mode(), "OFFLINE");
+    EXPECT_TRUE(rig.item("mnuViewOffline").isChecked());
+    EXPECT_EQ(rig.person.boxes.size(), 1u);
+    EXPECT_TRUE(PressRig::eventually(
+        [&] { return rig.status() == "System Message:  Comm Fault with Q900"; }));
+}
+
+TEST(MainWindowTest, EditsThePasscodeOnLine)
+{
+    WindowRig rig;
+    rig.window->goOnline();
+    rig.state.gLink.RSWrite("W1298", "4711");
+    rig.item("mnuEditPasscode").trigger();
+    EXPECT_EQ(rig.person.textTitles.back(), "Color Control Passcode");
+    EXPECT_EQ(rig.person.textPrompts.back(), "Please Enter New Passcode (0-65535)");
+    EXPECT_EQ(rig.person.textPresets.back(), "4711");
+    EXPECT_EQ(rig.board.peekWord(1298), 4711); // cancelled
+    rig.person.textAnswer = "123";
+    rig.item("mnuEditPasscode").trigger();
+    EXPECT_EQ(rig.board.peekWord(1298), 123);
+    rig.person.textAnswer = "65536";
+    rig.item("mnuEditPasscode").trigger();
+    EXPECT_EQ(rig.person.boxes.back().title, "ENTRY ALERT");
+    EXPECT_EQ(rig.board.peekWord(1298), 123);
+}
+
+TEST(MainWindowTest, AsksBeforeItLosesChanges)
+{
+    WindowRig rig;
+    rig.state.gWorkingData.Value[8] = 333;
+    rig.person.answers = {BoxAnswer::Cancel, BoxAnswer::No};
+    EXPECT_FALSE(rig.window->close());
+    EXPECT_TRUE(rig.window->isVisible());
+    ASSERT_EQ(rig.person.boxes.size(), 1u);
+    EXPECT_EQ(rig.person.boxes[0].title, "TAMBRIX");
+    EXPECT_EQ(rig.person.boxes[0].text, "Save Changes to File?");
+    EXPECT_EQ(rig.person.boxes[0].icon, BoxIcon::Warning);
+    EXPECT_EQ(rig.person.boxes[0].buttons, BoxButtons::YesNoCancel);
+    EXPECT_TRUE(rig.window->close());
+}
+
+TEST(MainWindowTest, ShowsOneScreenAtATime)
+{
+    ShellRig shell;
+    EXPECT_NE(shell.rig.window->findChild<MainDisplay*>(), nullptr);
+    const CountingScreen* counting = shell.showCounting();
+    EXPECT_EQ(shell.alive, 1);
+    EXPECT_TRUE(shell.rig.item("mnuWindow(2)").isChecked());
+    EXPECT_FALSE(shell.rig.item("mnuWindow(0)").isChecked());
+    EXPECT_EQ(shell.showCounting(), counting); // already shown: nothing happens
+    shell.rig.window->showScreen(1);           // not there
+    EXPECT_EQ(shell.rig.window->currentScreen(), 2);
+    shell.rig.window->showScreen(0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(shell.alive, 0);
+    EXPECT_EQ(shell.rig.window->findChildren<Screen*>().size(), 1);
+}
+
+TEST(ScreenTest, AppliesEachViewOnceUntilTheModeOrEditingChanges)
+{
+    ShellRig shell;
+    CountingScreen* screen = shell.showCounting();
+    ASSERT_TRUE(PressRig::eventually([&] { return screen->offlineViews == 1; }));
+    shell.rig.item("mnuEditOffline").trigger();
+    EXPECT_TRUE(shell.rig.state.gOfflineEditing);
+    EXPECT_TRUE(PressRig::eventually([&] { return screen->offlineViews == 2; }));
+    shell.rig.window->goOnline();
+    EXPECT_TRUE(PressRig::eventually([&] { return screen->onlineViews == 1; }));
+    PressRig::turns(50);
+    EXPECT_EQ(screen->onlineViews, 1);
+    EXPECT_EQ(screen->offlineViews, 2);
+}
+
+TEST(ScreenTest, IsClosedInTheMiddleOfAPass)
+{
+    ShellRig shell;
+    shell.showCounting();
+    shell.rig.window->goOnline();
+    for (int i = 0; i < 6; ++i) {
+        for (int turns = 0; turns <= i; ++turns)
+            PressRig::turns(1);
+        shell.rig.window->showScreen(0);
+        const std::size_t exchanges = shell.rig.line.exchanges();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(shell.alive, 0);
+        EXPECT_EQ(shell.rig.line.exchanges(), exchanges);
+        shell.showCounting();
+    }
+}
+
+TEST(ScreenTest, SurvivesTheModeBeingToggledDuringAPass)
+{
+    ShellRig shell;
+    CountingScreen* screen = shell.showCounting();
+    for (int i = 0; i < 20; ++i) {
+        shell.rig.control<QToolButton>("MODE").click();
+        PressRig::turns(i % 5);
+    }
+    shell.rig.window->goOffline();
+    EXPECT_TRUE(PressRig::eventually(
+        [&] { return screen->offlineViews > 0 && screen->onlineViews > 0; }));
+    EXPECT_TRUE(shell.rig.person.boxes.empty());
+    EXPECT_FALSE(shell.rig.port.isOpen());
+}
+
+TEST(ScreenTest, AndPollWaitWhileABoxIsOpenInsideAnExchange)
+{
+    ShellRig shell;
+    shell.showCounting();
+    shell.rig.window->goOnline();
+    PressRig::turns(5);
+    int ticks = 0;
+    std::size_t exchanges = 0;
+    QObject::connect(&shell.rig.window->backgroundPoll(), &QTimer::timeout, [&] { ++ticks; });
+    shell.rig.person.whileShown = [&] {
+        exchanges = shell.rig.line.exchanges();
+        const int before = ticks;
+        ASSERT_TRUE(PressRig::eventually([&] { return ticks > before + 5; }));
+        shell.rig.window->showScreen(0); // pass their turn as well
+        shell.rig.window->goOffline();
+        EXPECT_FALSE(shell.rig.window->close());
+        EXPECT_EQ(shell.rig.mode(), "ONLINE");
+    };
+    shell.rig.board.setPowered(false);
+    ASSERT_TRUE(PressRig::eventually([&] { return !shell.rig.person.boxes.empty(); }));
+    EXPECT_TRUE(PressRig::eventually([&] { return shell.rig.mode() == "OFFLINE"; }));
+    EXPECT_EQ(shell.rig.person.boxes.size(), 1u);
+    EXPECT_EQ(shell.rig.line.exchanges(), exchanges);
+    EXPECT_EQ(shell.rig.window->currentScreen(), 2);
+}
+
+TEST(MainWindowTest, ClosesThePortWhenItIsClosedOnLine)
+{
+    ShellRig shell;
+    shell.showCounting();
+    shell.rig.window->goOnline();
+    PressRig::turns(7);
+    EXPECT_TRUE(shell.rig.window->close());
+    EXPECT_FALSE(shell.rig.port.isOpen());
+    EXPECT_EQ(shell.rig.board.mode(), 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(shell.alive, 0);
+    const std::size_t exchanges = shell.rig.line.exchanges();
+    PressRig::turns(20);
+    EXPECT_EQ(shell.rig.line.exchanges(), exchanges);
+}
