@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kPollInterval = 500; // ms
 constexpr int kTitlePoints = 13;
+constexpr QSize kFirstSize(1180, 700); // the frame included it fits 1366 x 768
+constexpr QSize kSmallestSize(720, 480);
 const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
 constexpr const char* kAlarmRegister = "B65";
 constexpr const char* kPasscodeRegister = "W1298";
@@ -39,6 +41,8 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, MenuCommands co
       m_screenTitle(makeScreenTitle())
 {
     setObjectName(QStringLiteral("frmTambrix"));
+    setMinimumSize(kSmallestSize);
+    resize(kFirstSize);
     auto* place = new QWidget;
     m_screenPlace = new QVBoxLayout(place);
     m_screenPlace->setContentsMargins(0, 0, 0, 0);

@@ -1,0 +1,42 @@
+cmake_minimum_required(VERSION 3.25)
+
+# Run as: cmake -DSOURCE=<root> -P rooms_test.cmake
+# Fails when a file includes from a room that does not stand below its own, or Qt where there is none.
+
+set(below_link "link")
+set(below_simulator "simulator")
+set(below_platform "link;platform")
+set(below_shell "link;platform;shell")
+foreach(room screens maintenance reports help)
+  set(below_${room} "link;platform;shell;${room}")
+endforeach()
+set(without_qt "link;simulator")
+
+set(wrong "")
+foreach(room link simulator platform shell screens maintenance reports help)
+  file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/${room}/*.h ${SOURCE}/${room}/*.cpp)
+  foreach(file ${files})
+    set(allowed ${below_${room}})
+    if(file MATCHES "^simulator/(inprocess|pty)/")
+      list(APPEND allowed link) # stands before the link's own face of a serial port
+    elseif(room STREQUAL "simulator")
+      file(STRINGS ${SOURCE}/${file} outer REGEX "#include \"simulator/(inprocess|pty)/")
+      if(outer)
+        list(APPEND wrong "${file}: ${outer}")
+      endif()
+    endif()
+    file(STRINGS ${SOURCE}/${file} includes REGEX "^#include ")
+    foreach(include ${includes})
+      if(include MATCHES "^#include \"([a-z]+)/" AND NOT CMAKE_MATCH_1 IN_LIST allowed)
+        list(APPEND wrong "${file}: ${include}")
+      elseif(include MATCHES "^#include <Q" AND room IN_LIST without_qt)
+        list(APPEND wrong "${file}: ${include}")
+      endif()
+    endforeach()
+  endforeach()
+endforeach()
+
+if(wrong)
+  list(JOIN wrong "\n  " lines)
+  message(FATAL_ERROR "includes that leave their floor:\n  ${lines}")
+endif()
