@@ -3,6 +3,7 @@
 #include "shell/menu_item.h"
 
 #include <QActionGroup>
+#include <QDir>
 #include <QMenuBar>
 
 namespace tambrix {
@@ -29,17 +30,19 @@ void addTransferMenu(QMenu& menu, const QString& caption, const char* name)
 void MainWindow::buildFileMenu(const MenuCommands& commands)
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
-    addItems(*menu,
-             {{QStringLiteral("&New..."), QStringLiteral("mnuFileNew"), QKeySequence::New, {}},
-              {QStringLiteral("&Open..."), QStringLiteral("mnuFileOpen"), QKeySequence::Open, {}},
-              {QStringLiteral("&Save"), QStringLiteral("mnuFileSave"), QKeySequence::Save, {}},
-              {QStringLiteral("Save &As..."),
-               QStringLiteral("mnuFileSaveAs"),
-               QKeySequence::SaveAs,
-               {}}});
+    addItems(*menu, {{QStringLiteral("&New..."), QStringLiteral("mnuFileNew"), QKeySequence::New,
+                      [this] { m_files.newFile(); }},
+                     {QStringLiteral("&Open..."), QStringLiteral("mnuFileOpen"), QKeySequence::Open,
+                      [this] { m_files.open(); }},
+                     {QStringLiteral("&Save"), QStringLiteral("mnuFileSave"), QKeySequence::Save,
+                      [this] { m_files.save(); }},
+                     {QStringLiteral("Save &As..."), QStringLiteral("mnuFileSaveAs"),
+                      QKeySequence::SaveAs, [this] { m_files.saveAs(); }}});
     menu->addSeparator();
     addItem(*menu,
-            {QStringLiteral("Export Shift Data..."), QStringLiteral("mnuFileExport"), {}, {}});
+            {QStringLiteral("Export Shift Data..."), QStringLiteral("mnuFileExport"), {}, [this] {
+                 m_files.exportShiftData();
+             }});
     menu->addSeparator();
     addTransferMenu(*menu, QStringLiteral("&Upload (save) Data"), "mnuFileUpload");
     addItem(*menu, {QStringLiteral("&Download Program"),
@@ -55,8 +58,37 @@ void MainWindow::buildFileMenu(const MenuCommands& commands)
                      {QStringLiteral("&Print Report..."), QStringLiteral("mnuFilePrint"),
                       QKeySequence::Print, commands.printReport}});
     menu->addSeparator();
-    addItem(*menu, {QStringLiteral("E&xit"), QStringLiteral("mnuFileExit"), QKeySequence::Quit,
-                    [this] { close(); }});
+    m_fileMenu = menu;
+    m_belowRecent = addItem(*menu, {QStringLiteral("E&xit"), QStringLiteral("mnuFileExit"),
+                                    QKeySequence::Quit, [this] { close(); }});
+}
+
+/// The recent files, with a line below them; neither while there are none.
+void MainWindow::showRecentFiles()
+{
+    for (QAction* item : m_recentItems) {
+        m_fileMenu->removeAction(item);
+        item->setParent(nullptr);
+        item->deleteLater(); // it may be the one that brought us here
+    }
+    m_recentItems.clear();
+    for (const QString& path : m_files.recent().paths())
+        addRecentFile(path);
+    if (!m_recentItems.isEmpty()) {
+        m_recentItems.push_back(new QAction(this));
+        m_recentItems.back()->setSeparator(true);
+    }
+    m_fileMenu->insertActions(m_belowRecent, m_recentItems);
+}
+
+void MainWindow::addRecentFile(const QString& path)
+{
+    const auto index = static_cast<int>(m_recentItems.size());
+    const QString name = QDir::toNativeSeparators(path).replace(u'&', QLatin1String("&&"));
+    auto* item = new QAction(QStringLiteral("&%1 %2").arg(index + 1).arg(name), this);
+    item->setObjectName(arrayName("mnuFileRecent", index));
+    connect(item, &QAction::triggered, this, [this, path] { m_files.openFile(path); });
+    m_recentItems.push_back(item);
 }
 
 void MainWindow::buildEditMenu(const MenuCommands& commands)
