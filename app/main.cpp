@@ -5,6 +5,7 @@
 #include "platform/qt_prompts.h"
 #include "platform/qt_serial_port.h"
 #include "platform/steady_clock.h"
+#include "screens/setup_screen.h"
 #include "shell/main_display.h"
 #include "shell/main_window.h"
 
@@ -24,7 +25,7 @@ template <typename Concrete> ScreenFactory screen()
 /// The child screens, in Window-menu order.
 ScreenTable screens()
 {
-    return {screen<MainDisplay>(), {}, {}, {}, {}};
+    return {screen<MainDisplay>(), screen<SetupScreen>(), {}, {}, {}};
 }
 
 int sayAndLeave(const CommandLine& line)

@@ -84,6 +84,11 @@ bool RegisterAccess::WriteRegister(std::string_view addr, std::string_view value
            writeBytes(address, splitValue(address.RegLetter, *number));
 }
 
+bool RegisterAccess::WriteTwice(std::string_view addr, std::string_view value)
+{
+    return WriteRegister(addr, value) || (m_writeVerifyFailed && WriteRegister(addr, value));
+}
+
 std::optional<std::int64_t> RegisterAccess::numberToWrite(const RegisterAddress& address,
                                                           std::string_view value)
 {

@@ -47,6 +47,18 @@ void SelectAllText(QLineEdit& field)
     field.setSelection(0, static_cast<int>(field.text().length()));
 }
 
+QString arrayName(const char* name, int index)
+{
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+void setPoints(QWidget& widget, int points)
+{
+    QFont font = widget.font();
+    font.setPointSize(points);
+    widget.setFont(font);
+}
+
 QString ChangeExtension(const QString& path, const QString& extension)
 {
     return folderAndBase(path) + u'.' + extension;

@@ -14,6 +14,12 @@ void CenterForm(QWidget& dialog);
 /// Selects an entry field's whole text.
 void SelectAllText(QLineEdit& field);
 
+/// Name of one control of an array of like controls: "txtSetup(0)".
+QString arrayName(const char* name, int index);
+
+/// Gives the widget and what it holds a font of this many points.
+void setPoints(QWidget& widget, int points);
+
 /// The path's folder and base name with another extension (given without a point).
 QString ChangeExtension(const QString& path, const QString& extension);
 

@@ -1,6 +1,7 @@
 #include "shell/main_display.h"
 
 #include "shell/fitting_font.h"
+#include "shell/helpers.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -27,13 +28,6 @@ constexpr int kButtonPoints = 18;
 /// The widest speed the register's four digits show; sizes the figure once, so that it does not
 /// jump from one digit to the next.
 const QString kWidestSpeed = QStringLiteral("0000");
-
-void setPoints(QWidget& widget, int points)
-{
-    QFont font = widget.font();
-    font.setPointSize(points);
-    widget.setFont(font);
-}
 
 QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* content)
 {

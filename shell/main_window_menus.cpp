@@ -1,3 +1,4 @@
+#include "shell/helpers.h"
 #include "shell/main_window.h"
 #include "shell/menu_item.h"
 #include "shell/transfer_commands.h"
@@ -14,11 +15,6 @@ constexpr std::array kTransferGroups = {"Set-up Data", "Shift Data", "Label Data
 
 constexpr std::array kScreenCaptions = {"&1 Main Display", "&2 Set-up Parameters", "&3 Shift Data",
                                         "&4 Color Control", "&5 I/O States"};
-
-QString arrayName(const char* name, int index)
-{
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
 
 void addTransferMenu(QMenu& menu, const QString& caption, const char* name,
                      const std::function<void(int)>& transfer)

@@ -1,6 +1,7 @@
 #include "shell/screen.h"
 
 #include "shell/helpers.h"
+#include "shell/numeric_entry_field.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -35,12 +36,26 @@ void Screen::activate()
     else
         showOfflineView();
     refreshAlways();
+    m_cmdDefault->setFocus();
     m_loop.start(refreshLoop());
 }
 
 void Screen::deactivate()
 {
     m_loop.stop();
+    endEditing();
+}
+
+void Screen::endEditing()
+{
+    for (NumericEntryField* field : findChildren<NumericEntryField*>())
+        field->endEditing();
+}
+
+void Screen::writeRegister(const std::string& address, const QString& value)
+{
+    if (m_state.canReachBoard())
+        m_state.gLink.RSWrite(address, value.toStdString());
 }
 
 Task Screen::refreshLoop()
@@ -96,7 +111,7 @@ Task Screen::readRegisters(std::span<const std::string> registers, ShowValue sho
 {
     for (std::size_t entry = 0; entry < registers.size(); ++entry) {
         co_await pendingEvents();
-        if (!online())
+        if (!passGoesOn())
             co_return;
         const std::string value = m_state.gLink.RSRead(registers[entry]);
         if (m_state.gLink.CommError)

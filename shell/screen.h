@@ -47,9 +47,25 @@ protected:
     /// Awaitable: lets pending events run. A pass awaits it before every register it reads.
     auto pendingEvents() { return m_loop.pendingEvents(); }
 
+    /// Whether a pass on line goes on after other events have run. A screen may have reasons of
+    /// its own to break one off.
+    virtual bool passGoesOn() const { return online(); }
+
     /// Reads `registers` in order, each after a turn of the event loop, and shows each value.
-    /// Stops when the screen is left, the program goes off line or the link reports an error.
+    /// Stops when the screen is left, the pass does not go on or the link reports an error.
     Task readRegisters(std::span<const std::string> registers, ShowValue show);
+
+    /// Writes one register while on line; nothing off line or after a communication error.
+    void writeRegister(const std::string& address, const QString& value);
+
+    /// Entry `slot` (0 to 1613) of the working data set.
+    std::int32_t& workingValue(int slot)
+    {
+        return m_state.gWorkingData.Value.at(static_cast<std::size_t>(slot));
+    }
+
+    /// Forgets what is being edited in the fields of this screen, so that refreshes show there.
+    void endEditing();
 
     bool online() const { return m_state.gLink.OnlineMode; }
     ProgramState& state() { return m_state; }

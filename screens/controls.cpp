@@ -1,0 +1,38 @@
+#include "screens/controls.h"
+
+#include <QGroupBox>
+#include <QLabel>
+
+namespace tambrix {
+
+QGroupBox* makeFrame(const QString& name, const QString& caption)
+{
+    auto* frame = new QGroupBox(caption);
+    frame->setObjectName(name);
+    return frame;
+}
+
+QLabel* makeLabel(const QString& name, const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    return label;
+}
+
+QLabel* makeValueLabel(const QString& name, const QString& text, const QString& accessibleName)
+{
+    QLabel* label = makeLabel(name, text);
+    label->setAccessibleName(accessibleName);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    label->setContentsMargins(8, 2, 8, 2);
+    return label;
+}
+
+void setTabSequence(std::span<QWidget* const> controls)
+{
+    for (std::size_t i = 1; i < controls.size(); ++i)
+        QWidget::setTabOrder(controls[i - 1], controls[i]);
+}
+
+} // namespace tambrix

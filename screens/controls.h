@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <span>
+
+class QGroupBox;
+class QLabel;
+class QWidget;
+
+namespace tambrix {
+
+/// Size of the screens' text: read from a step away from the PC.
+inline constexpr int kScreenPoints = 12;
+
+QGroupBox* makeFrame(const QString& name, const QString& caption);
+
+QLabel* makeLabel(const QString& name, const QString& text);
+
+/// A label for a value that the controller shows: a sunken panel, the value at its right.
+QLabel* makeValueLabel(const QString& name, const QString& text, const QString& accessibleName);
+
+/// The Tab key visits `controls` in this order.
+void setTabSequence(std::span<QWidget* const> controls);
+
+} // namespace tambrix

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace tambrix {
+
+/// The number that `text` begins with, blanks before it aside; 0 when it begins with none.
+double leadingNumber(const QString& text);
+
+/// The number that `text` is as a whole, blanks around it aside: sign, digits, decimal point.
+std::optional<double> numericText(const QString& text);
+
+/// `number` rounded to the nearest whole number, halves to even, within 32 bits.
+std::int32_t roundedHalfToEven(double number);
+
+} // namespace tambrix
