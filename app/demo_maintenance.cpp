@@ -3,6 +3,7 @@
 
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -42,6 +43,7 @@ Task chooseFile(DemoStage& stage, QString file, QString picture)
                         [dialog] { return dialog() != nullptr; });
     stage.later([dialog, file] {
         dialog()->selectFile(file);
+        dialog()->findChild<QLineEdit*>("fileNameEdit")->setText(file);
         static_cast<QDialog*>(dialog())->accept();
     });
     co_await stage.step({}, {}, [dialog] { return dialog() == nullptr; });
@@ -132,12 +134,14 @@ Task demoMaintenance(DemoStage& stage)
 {
     const QTemporaryDir folder;
     stage.window().goOnline();
-    co_await downloadProgram(stage, writeSample(folder, 'D', "ductor"));
+    const QString ductor = writeSample(folder, 'D', "ductor");
+    const QString display = writeSample(folder, 'A', "display");
+    co_await downloadProgram(stage, ductor);
     stage.board().poke(kCurrentFault, kUserFault);
     stage.board().poke(kLastFault, kUserFault);
-    co_await openBoardWindow(stage, folder.filePath("ductor.fnx"));
+    co_await openBoardWindow(stage, ductor);
     co_await showFaultsAndIdentity(stage);
-    co_await openBoardWindow(stage, writeSample(folder, 'A', "display"));
+    co_await openBoardWindow(stage, display);
     co_await showAddressesAndClock(stage);
     co_await showSerialSettings(stage);
     stage.window().goOffline();

@@ -118,7 +118,6 @@ TEST_P(Faults, ShowWithTextAndCorrectiveAction)
     EXPECT_EQ(rig.label("lblTargetBoard(5)").text(),
               caption("Last Comm Error: Code = ", fault.lastError));
     EXPECT_EQ(rig.box("txtTargetBoard(3)"), correctiveAction(fault.last));
-    EXPECT_EQ(rig.box("txtTargetBoard(5)"), fault.lastError == 0x12 ? "Network" : "");
     EXPECT_EQ(rig.button("cmdResetFaults").isEnabled(), fault.resettable);
 }
 
