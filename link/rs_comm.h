@@ -51,6 +51,10 @@ public:
     /// where `CommError` does not (the line was disturbed, but the board answers again).
     bool readSucceeded() const { return m_readSucceeded; }
 
+    /// Whether the board has sent back every byte of the last `RSWrite` as it should. If not, the
+    /// value was refused, or nobody knows what the register holds.
+    bool writeSucceeded() const { return m_writeSucceeded; }
+
     /// Whether a link operation is under way, its message boxes included.
     bool isBusy() const { return m_busy; }
 
@@ -135,6 +139,7 @@ private:
     LimitSwitch m_limitSwitch;
     bool m_portError = false;
     bool m_readSucceeded = false;
+    bool m_writeSucceeded = false;
     bool m_busy = false;
 };
 

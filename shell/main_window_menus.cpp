@@ -1,6 +1,7 @@
 #include "shell/helpers.h"
 #include "shell/main_window.h"
 #include "shell/menu_item.h"
+#include "shell/transfer_commands.h"
 
 #include <QActionGroup>
 #include <QDir>
@@ -15,14 +16,15 @@ constexpr std::array kTransferGroups = {"Set-up Data", "Shift Data", "Label Data
 constexpr std::array kScreenCaptions = {"&1 Main Display", "&2 Set-up Parameters", "&3 Shift Data",
                                         "&4 Color Control", "&5 I/O States"};
 
-void addTransferMenu(QMenu& menu, const QString& caption, const char* name)
+void addTransferMenu(QMenu& menu, const QString& caption, const char* name,
+                     const std::function<void(int)>& transfer)
 {
     QMenu* groups = menu.addMenu(caption);
     for (int i = 0; i < static_cast<int>(kTransferGroups.size()); ++i)
         addItem(*groups, {QLatin1String(kTransferGroups[static_cast<std::size_t>(i)]),
                           arrayName(name, i),
                           {},
-                          {}});
+                          [transfer, i] { transfer(i); }});
 }
 
 } // namespace
@@ -44,12 +46,14 @@ void MainWindow::buildFileMenu(const MenuCommands& commands)
                  m_files.exportShiftData();
              }});
     menu->addSeparator();
-    addTransferMenu(*menu, QStringLiteral("&Upload (save) Data"), "mnuFileUpload");
+    addTransferMenu(*menu, QStringLiteral("&Upload (save) Data"), "mnuFileUpload",
+                    [this](int group) { uploadData(m_state, *this, group); });
     addItem(*menu, {QStringLiteral("&Download Program"),
                     QStringLiteral("mnuFileDownloadProgram"),
                     {},
                     commands.downloadProgram});
-    addTransferMenu(*menu, QStringLiteral("Dow&nload (restore) Data"), "mnuFileDownload");
+    addTransferMenu(*menu, QStringLiteral("Dow&nload (restore) Data"), "mnuFileDownload",
+                    [this](int group) { downloadData(m_state, *this, group); });
     menu->addSeparator();
     addItems(*menu, {{QStringLiteral("&Report Setup"),
                       QStringLiteral("mnuFileReportSetup"),
