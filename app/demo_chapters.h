@@ -10,4 +10,7 @@ Task demonstration(DemoStage& stage);
 /// On line, machine speed, an alarm raised and reset, off line again.
 Task demoMainDisplay(DemoStage& stage);
 
+/// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
+Task demoMaintenance(DemoStage& stage);
+
 } // namespace tambrix

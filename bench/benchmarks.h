@@ -12,6 +12,10 @@ void exchangeCost();
 /// against the board paced at 9600 and 19200.
 void wireEfficiency();
 
+/// Share of the time that the wire itself needs in the time that the records of a 32 KiB program
+/// take, at 9600 and 19200, and the longest time for which events were not served meanwhile.
+void programDownload();
+
 /// Start, processor use, memory and longest unserved event of the program's window on line at
 /// 9600 and off line. Runs in a process of its own.
 void windowCost(const QString& program);

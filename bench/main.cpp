@@ -20,6 +20,8 @@ int runBenchmarks(const QStringList& arguments)
             exchangeCost();
         if (wanted("wire"))
             wireEfficiency();
+        if (wanted("download"))
+            programDownload();
         if (wanted("window"))
             windowCost(QCoreApplication::applicationFilePath());
     } catch (const std::exception& failure) {
@@ -31,7 +33,7 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-/// tambrix_bench [exchange|wire|window]...
+/// tambrix_bench [exchange|wire|download|window]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;

@@ -27,8 +27,7 @@ public:
     /// Per byte: address-high, address-low and data, each echoed.
     bool WriteRegister(std::string_view addr, std::string_view value);
 
-    /// The same, and the whole value once more when a byte did not come back as sent. Returns
-    /// whether every byte of the last try did; a refused or unsent value counts as that.
+    /// The same, and the whole value once more when a byte did not come back as sent.
     bool WriteTwice(std::string_view addr, std::string_view value);
 
     /// A byte sent during the last write did not come back as sent: the board may hold anything.
