@@ -10,4 +10,7 @@ Task demonstration(DemoStage& stage);
 /// On line, machine speed, an alarm raised and reset, off line again.
 Task demoMainDisplay(DemoStage& stage);
 
+/// Each parameter screen, on line and off line.
+Task demoScreens(DemoStage& stage);
+
 } // namespace tambrix
