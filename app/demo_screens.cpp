@@ -93,7 +93,7 @@ Task demoShiftData(DemoStage& stage)
                         [&stage] { return shown(stage, "lblData(1)") == "0"; });
     stage.window().goOnline();
     co_await stage.step("Shift Data counts on line", "shift-data-online",
-                        [&stage] { return shown(stage, "lblData(3)") != "0"; });
+                        [&stage] { return shown(stage, "lblData(8)") != "0"; });
     const QString before = shown(stage, "lblData(3)");
     type(stage, "txtData", "3");
     stage.control<QPushButton>("cmdResetCounts").click();
@@ -150,7 +150,7 @@ Task demoIoStatus(DemoStage& stage)
     stage.window().showScreen(kIoScreen);
     co_await stage.step("I/O Status on line", "io-status-online", [&stage] {
         return shown(stage, "lblSlot00State(0)") == "ON" &&
-               shown(stage, "lblq910State(0)") == "off";
+               shown(stage, "lblSlot01State(15)") == "off";
     });
     stage.window().goOffline();
     co_await stage.step("I/O Status off line shows dashes", "io-status-offline",

@@ -30,7 +30,6 @@ QLabel* makeColumnTitle(int index, const char* text)
 /// One row of a caption and a value that the controller shows.
 void addStatusRow(QGridLayout& grid, int row, QLabel* caption, QLabel* value)
 {
-    value->setMinimumWidth(value->fontMetrics().horizontalAdvance(QStringLiteral("0000000000")));
     grid.addWidget(caption, row, 0);
     grid.addWidget(value, row, 1);
 }

@@ -66,6 +66,7 @@ QGroupBox* ShiftDataScreen::makeCounts()
         makeFrame(QStringLiteral("fraCounts"), QStringLiteral("Cycles in this Shift"));
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(12);
     constexpr int kRows = kDuctors / 2;
     for (int d = 0; d < kDuctors; ++d) {
         const QString caption = QStringLiteral("Ductor #%1:").arg(d + 1);
