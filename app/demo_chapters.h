@@ -10,6 +10,9 @@ Task demonstration(DemoStage& stage);
 /// On line, machine speed, an alarm raised and reset, off line again.
 Task demoMainDisplay(DemoStage& stage);
 
+/// Each parameter screen, on line and off line.
+Task demoScreens(DemoStage& stage);
+
 /// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
 Task demoMaintenance(DemoStage& stage);
 

@@ -69,7 +69,7 @@ void DemoStage::triggerMenu(const QString& name)
 
 Task DemoStage::answerBox(QString title, QString button, QString picture)
 {
-    const auto box = [this, title]() -> QMessageBox* {
+    const auto box = [this, &title]() -> QMessageBox* {
         auto* front = qobject_cast<QMessageBox*>(&frontWindow());
         return front != nullptr && front->windowTitle() == title ? front : nullptr;
     };

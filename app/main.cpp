@@ -7,7 +7,10 @@
 #include "platform/qt_prompts.h"
 #include "platform/qt_serial_port.h"
 #include "platform/steady_clock.h"
+#include "screens/color_control_screen.h"
+#include "screens/io_status_screen.h"
 #include "screens/setup_screen.h"
+#include "screens/shift_data_screen.h"
 #include "shell/main_display.h"
 #include "shell/main_window.h"
 
@@ -28,7 +31,8 @@ template <typename Concrete> ScreenFactory screen()
 /// The child screens, in Window-menu order.
 ScreenTable screens()
 {
-    return {screen<MainDisplay>(), screen<SetupScreen>(), {}, {}, {}};
+    return {screen<MainDisplay>(), screen<SetupScreen>(), screen<ShiftDataScreen>(),
+            screen<ColorControlScreen>(), screen<IoStatusScreen>()};
 }
 
 int sayAndLeave(const CommandLine& line)

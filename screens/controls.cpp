@@ -1,9 +1,18 @@
 #include "screens/controls.h"
 
+#include "shell/helpers.h"
+
 #include <QGroupBox>
 #include <QLabel>
 
 namespace tambrix {
+
+namespace {
+
+/// Values change several times a second; their panels keep one width.
+const QString kWidestValue = QStringLiteral("00000");
+
+} // namespace
 
 QGroupBox* makeFrame(const QString& name, const QString& caption)
 {
@@ -23,6 +32,9 @@ QLabel* makeValueLabel(const QString& name, const QString& text, const QString& 
 {
     QLabel* label = makeLabel(name, text);
     label->setAccessibleName(accessibleName);
+    setPoints(*label, kScreenPoints);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(kWidestValue) + 20);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     label->setContentsMargins(8, 2, 8, 2);

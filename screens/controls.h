@@ -11,7 +11,7 @@ class QWidget;
 namespace tambrix {
 
 /// Size of the screens' text: read from a step away from the PC.
-inline constexpr int kScreenPoints = 12;
+inline constexpr int kScreenPoints = 13;
 
 QGroupBox* makeFrame(const QString& name, const QString& caption);
 

@@ -64,6 +64,8 @@ QGroupBox* SetupScreen::makeParameters()
 {
     QGroupBox* frame = makeFrame(arrayName("fraSetup", 0), QStringLiteral("Cycling Parameters"));
     auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(12);
     for (std::size_t i = 0; i < kFields; ++i) {
         const int row = static_cast<int>(i);
         m_fields[i] = new NumericEntryField(state().prompts, *cmdDefault(), rulesOf(i));
@@ -89,6 +91,7 @@ QGroupBox* SetupScreen::makeFeedback()
     connect(disableAll, &QPushButton::clicked, this, [this] { setFeedback(0); });
 
     auto* grid = new QGridLayout(frame);
+    grid->setVerticalSpacing(12);
     int column = 0;
     for (QCheckBox* box : m_feedback.boxes())
         grid->addWidget(box, 0, column++);

@@ -88,8 +88,11 @@ void NumericEntryField::setRange(std::int32_t minimum, std::int32_t maximum)
 
 void NumericEntryField::showValue(const QString& text)
 {
-    if (!m_beingEdited)
-        setText(text);
+    const bool nothingYet = this->text().isEmpty() && !lineEdit()->isModified();
+    if (m_beingEdited && !nothingYet)
+        return;
+    write(text);
+    m_undo = value();
 }
 
 void NumericEntryField::setText(const QString& text)

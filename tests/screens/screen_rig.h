@@ -46,8 +46,17 @@ protected:
     void closeScreen() { m_screen.reset(); }
     Concrete& screen() { return *m_screen; }
 
-    /// Lets the screen make at least one whole pass.
-    static void pass() { QTest::qWait(150); }
+    /// Lets the screen make at least one whole pass. Off line passes are a while apart, so there
+    /// the screen is entered anew.
+    void pass()
+    {
+        PressRig::turns(kTurnsOfTwoPasses);
+        if (rig.state.gLink.OnlineMode)
+            return;
+        m_screen->deactivate();
+        m_screen->activate();
+        PressRig::turns(kTurnsOfTwoPasses);
+    }
 
     NumericEntryField& field(const char* name) { return *find<NumericEntryField>(name); }
     QString text(const char* name) { return field(name).text(); }
@@ -92,6 +101,8 @@ protected:
     WireWrites wire{rig.line};
 
 private:
+    static constexpr int kTurnsOfTwoPasses = 60;
+
     std::unique_ptr<Concrete> m_screen;
 };
 

@@ -167,8 +167,7 @@ TEST_F(Setup, OffLineTheControlsFollowOfflineEditing)
     EXPECT_FALSE(button("cmdEnableFeedbackAll").isEnabled());
     EXPECT_EQ(text("txtSetup(1)"), "200");
     rig.state.gOfflineEditing = true;
-    pass();
-    EXPECT_TRUE(field("txtSetup(0)").isEnabled());
+    EXPECT_TRUE(PressRig::eventually([this] { return field("txtSetup(0)").isEnabled(); }));
     button("cmdEnableFeedbackAll").click();
     EXPECT_EQ(slot(12), 255);
     pass();
@@ -182,8 +181,7 @@ TEST_F(Setup, GoingOffLineDropsTheEdit)
     type("txtSetup(0)", "7");
     rig.state.gLink.OnlineMode = false;
     rig.state.ApplyOnlineMode();
-    pass();
-    EXPECT_EQ(text("txtSetup(0)"), "500");
+    EXPECT_TRUE(PressRig::eventually([this] { return text("txtSetup(0)") == "500"; }));
     EXPECT_FALSE(field("txtSetup(0)").isEnabled());
     EXPECT_TRUE(rig.person.boxes.empty());
 }
