@@ -10,4 +10,7 @@ Task demonstration(DemoStage& stage);
 /// On line, machine speed, an alarm raised and reset, off line again.
 Task demoMainDisplay(DemoStage& stage);
 
+/// A whole press uploaded, saved, opened again and downloaded.
+Task demoData(DemoStage& stage);
+
 } // namespace tambrix

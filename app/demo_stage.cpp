@@ -73,13 +73,16 @@ Task DemoStage::answerBox(QString title, QString button, QString picture)
         auto* front = qobject_cast<QMessageBox*>(&frontWindow());
         return front != nullptr && front->windowTitle() == title ? front : nullptr;
     };
-    co_await step(QStringLiteral("Box '%1', answered %2").arg(title, button), picture,
-                  [box] { return box() != nullptr; });
+    // Named, because g++ 12 destroys a closure twice that is made inside a co_await.
+    const std::function<bool()> shown = [box] { return box() != nullptr; };
+    const std::function<bool()> gone = [box] { return box() == nullptr; };
+    const QString what = QStringLiteral("Box '%1', answered %2").arg(title, button);
+    co_await step(what, picture, shown);
     if (box() != nullptr && buttonOf(*box(), button) != nullptr)
         later([pressed = buttonOf(*box(), button)] { pressed->click(); });
     else
         report(false, QStringLiteral("button %1").arg(button), picture);
-    co_await step({}, {}, [box] { return box() == nullptr; });
+    co_await step({}, {}, gone);
 }
 
 QWidget& DemoStage::frontWindow() const

@@ -9,6 +9,8 @@
 #include "shell/main_window.h"
 
 #include <QApplication>
+#include <QStandardPaths>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -33,6 +35,13 @@ int sayAndLeave(const CommandLine& line)
     return line.exitCode;
 }
 
+/// Where the user's own habits are kept; the controller's settings lie in the program folder.
+QString userSettingsFile()
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
+    return folder.filePath(QStringLiteral("tambrix.ini"));
+}
+
 int runProgram(const CommandLine& line)
 {
     SteadyClock clock;
@@ -46,7 +55,13 @@ int runProgram(const CommandLine& line)
     ProgramState state(QDir(folder), port, clock, prompts);
     MainWindow window(state, screens(), {});
     window.show();
+    if (line.demoFolder.isEmpty()) // the demonstration leaves no trace on the user's machine
+        window.files().recent().keepIn(userSettingsFile());
+    if (!line.setupFile.isEmpty())
+        QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
 
+    // The demonstration fills in file dialogs, and can do that only with the program's own.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, !line.demoFolder.isEmpty());
     DemoStage stage(window, controller, QDir(line.demoFolder));
     if (!line.demoFolder.isEmpty())
         stage.run(demonstration(stage));
