@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 
 namespace tambrix {
 
@@ -52,9 +53,13 @@ CommandLine saying(const QString& text, int exitCode)
 /// What is wrong with the arguments, or nothing.
 QString complaint(const QCommandLineParser& parser)
 {
-    if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("Unexpected argument '%1'.")
-            .arg(parser.positionalArguments().constFirst());
+    const QStringList files = parser.positionalArguments();
+    if (files.size() > 1)
+        return QStringLiteral("Unexpected argument '%1'.").arg(files[1]);
+    if (!files.isEmpty() && !QFileInfo(files[0]).isFile())
+        return QStringLiteral("The file '%1' does not exist.").arg(files[0]);
+    if (!files.isEmpty() && parser.isSet(kDemo))
+        return QStringLiteral("--demo brings its own set-up file.");
     const QString folder = parser.value(kProgramFolder);
     if (parser.isSet(kProgramFolder) && !QDir(folder).exists())
         return QStringLiteral("The program folder '%1' does not exist.").arg(folder);
@@ -76,6 +81,9 @@ CommandLine parseCommandLine(const QStringList& arguments)
     parser.setApplicationDescription(
         QStringLiteral("TAMBRIX: set-up utility of a pneumatic ink-ductor colour-control system."));
     parser.addOptions({kSimulate, kSerialDevice, kProgramFolder, kDemo, kHelp, kVersion});
+    parser.addPositionalArgument(QStringLiteral("FILE.sdt"),
+                                 QStringLiteral("Open this set-up file, as File > Open does."),
+                                 QStringLiteral("[FILE.sdt]"));
     addWindowSystemOptions(parser);
 
     const bool parsed = parser.parse(arguments);
@@ -93,6 +101,8 @@ CommandLine parseCommandLine(const QStringList& arguments)
     line.simulate = parser.isSet(kSimulate) || parser.isSet(kDemo);
     line.serialDevice = parser.value(kSerialDevice);
     line.programFolder = parser.value(kProgramFolder);
+    if (!parser.positionalArguments().isEmpty())
+        line.setupFile = QFileInfo(parser.positionalArguments().constFirst()).absoluteFilePath();
     return line;
 }
 

@@ -11,6 +11,7 @@ struct CommandLine
     bool simulate = false; ///< the built-in controller behind the serial port
     QString serialDevice;  ///< device to use whatever the port number; empty: by number
     QString programFolder; ///< folder with Support and Help; empty: the executable's own
+    QString setupFile;     ///< set-up file to open at start, absolute; empty: none
     QString demoFolder;    ///< where the unattended demonstration puts its pictures; empty: none
 
     QString text;     ///< what to print instead of starting: help, version or what is wrong

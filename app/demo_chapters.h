@@ -16,4 +16,7 @@ Task demoScreens(DemoStage& stage);
 /// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
 Task demoMaintenance(DemoStage& stage);
 
+/// A whole press uploaded, saved, opened again and downloaded.
+Task demoData(DemoStage& stage);
+
 } // namespace tambrix

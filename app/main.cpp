@@ -15,6 +15,8 @@
 #include "shell/main_window.h"
 
 #include <QApplication>
+#include <QStandardPaths>
+#include <QTimer>
 
 #include <cstdio>
 #include <optional>
@@ -41,6 +43,13 @@ int sayAndLeave(const CommandLine& line)
     return line.exitCode;
 }
 
+/// Where the user's own habits are kept; the controller's settings lie in the program folder.
+QString userSettingsFile()
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
+    return folder.filePath(QStringLiteral("tambrix.ini"));
+}
+
 int runProgram(const CommandLine& line)
 {
     SteadyClock clock;
@@ -61,7 +70,13 @@ int runProgram(const CommandLine& line)
     MainWindow window(state, screens(), std::move(commands));
     programs.emplace(state, window, window.backgroundPoll());
     window.show();
+    if (line.demoFolder.isEmpty()) // the demonstration leaves no trace on the user's machine
+        window.files().recent().keepIn(userSettingsFile());
+    if (!line.setupFile.isEmpty())
+        QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
 
+    // The demonstration fills in file dialogs, and can do that only with the program's own.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, !line.demoFolder.isEmpty());
     DemoStage stage(window, controller, QDir(line.demoFolder));
     if (!line.demoFolder.isEmpty())
         stage.run(demonstration(stage));

@@ -62,6 +62,16 @@ std::optional<QString> AbsentOperator::askText(const QString& /*title*/, const Q
     return std::nullopt;
 }
 
+std::optional<QString> AbsentOperator::askOpenFile(const FileQuestion& /*question*/)
+{
+    return std::nullopt;
+}
+
+std::optional<QString> AbsentOperator::askSaveFile(const FileQuestion& /*question*/)
+{
+    return std::nullopt;
+}
+
 BenchFolder::BenchFolder(int baud)
 {
     std::error_code error;

@@ -20,8 +20,8 @@ public:
     BoxAnswer showMessage(const MessageBox& box) override;
     std::optional<QString> askText(const QString& title, const QString& prompt,
                                    const QString& preset) override;
-    std::optional<QString> askOpenFile(const FileQuestion&) override { return std::nullopt; }
-    std::optional<QString> askSaveFile(const FileQuestion&) override { return std::nullopt; }
+    std::optional<QString> askOpenFile(const FileQuestion& question) override;
+    std::optional<QString> askSaveFile(const FileQuestion& question) override;
 };
 
 /// A program folder of its own whose settings file asks for `baud`.

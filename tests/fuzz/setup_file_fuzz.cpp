@@ -1,0 +1,20 @@
+// Feeds the set-up file reader with anything. What it accepts must be in the bytes: written out
+// again it gives their beginning.
+#include "shell/setup_file.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const auto read = tambrix::readSetupFile(bytes);
+    const auto* record = std::get_if<tambrix::SetupDataRecord>(&read);
+    if (record == nullptr)
+        return 0;
+    const std::string again = tambrix::setupFileBytes(*record);
+    if (bytes.substr(0, again.size()) != again)
+        std::abort();
+    return 0;
+}
