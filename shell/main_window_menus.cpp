@@ -1,5 +1,6 @@
 #include "shell/main_window.h"
 #include "shell/menu_item.h"
+#include "shell/transfer_commands.h"
 
 #include <QActionGroup>
 #include <QDir>
@@ -19,14 +20,15 @@ QString arrayName(const char* name, int index)
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
 }
 
-void addTransferMenu(QMenu& menu, const QString& caption, const char* name)
+void addTransferMenu(QMenu& menu, const QString& caption, const char* name,
+                     const std::function<void(int)>& transfer)
 {
     QMenu* groups = menu.addMenu(caption);
     for (int i = 0; i < static_cast<int>(kTransferGroups.size()); ++i)
         addItem(*groups, {QLatin1String(kTransferGroups[static_cast<std::size_t>(i)]),
                           arrayName(name, i),
                           {},
-                          {}});
+                          [transfer, i] { transfer(i); }});
 }
 
 } // namespace
@@ -48,12 +50,14 @@ void MainWindow::buildFileMenu(const MenuCommands& commands)
                  m_files.exportShiftData();
              }});
     menu->addSeparator();
-    addTransferMenu(*menu, QStringLiteral("&Upload (save) Data"), "mnuFileUpload");
+    addTransferMenu(*menu, QStringLiteral("&Upload (save) Data"), "mnuFileUpload",
+                    [this](int group) { uploadData(m_state, *this, group); });
     addItem(*menu, {QStringLiteral("&Download Program"),
                     QStringLiteral("mnuFileDownloadProgram"),
                     {},
                     commands.downloadProgram});
-    addTransferMenu(*menu, QStringLiteral("Dow&nload (restore) Data"), "mnuFileDownload");
+    addTransferMenu(*menu, QStringLiteral("Dow&nload (restore) Data"), "mnuFileDownload",
+                    [this](int group) { downloadData(m_state, *this, group); });
     menu->addSeparator();
     addItems(*menu, {{QStringLiteral("&Report Setup"),
                       QStringLiteral("mnuFileReportSetup"),
