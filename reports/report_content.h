@@ -1,0 +1,46 @@
+#pragma once
+
+#include "shell/program_state.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace tambrix {
+
+/// A column of a report table.
+struct ReportColumn
+{
+    QString heading;
+    double share = 1; ///< of the table's width, against the sum of all shares
+    Qt::Alignment alignment = Qt::AlignRight;
+};
+
+/// Rows that belong together: a page break never falls between them.
+struct ReportBlock
+{
+    std::vector<QStringList> rows; ///< one text a column
+};
+
+/// One part of the report.
+struct ReportTable
+{
+    QString title;
+    std::vector<ReportColumn> columns;
+    std::vector<ReportBlock> blocks;
+};
+
+/// What a report says, before it is laid out on pages.
+struct Report
+{
+    QString name; ///< the set-up file's name, or "untitled"
+    QString date; ///< of printing, in the system's short form
+    QStringList notes;
+    std::vector<ReportTable> tables;
+};
+
+/// The parts that the report settings ask for, from the working data set. `now` dates the report.
+Report reportContent(const ProgramState& state, const QDateTime& now);
+
+} // namespace tambrix

@@ -1,0 +1,120 @@
+#include "reports/reports.h"
+
+#include "reports/report_setup.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QSaveFile>
+
+namespace tambrix {
+
+namespace {
+
+constexpr QMarginsF kPageMargins(15, 15, 15, 15); // mm; within what every office printer prints
+constexpr QSize kPreviewSize(900, 660);
+
+} // namespace
+
+Report Reports::content() const
+{
+    return reportContent(m_state, QDateTime::currentDateTime());
+}
+
+QPrinter& Reports::printer()
+{
+    if (!m_printer) {
+        m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        m_printer->setPageMargins(kPageMargins, QPageLayout::Millimeter);
+        m_printer->setDocName(QStringLiteral("TAMBRIX Report"));
+    }
+    return *m_printer;
+}
+
+void Reports::showSetup()
+{
+    ReportSetup dialog(m_state, {[this] { preview(); }, [this] { savePdf(); }, [this] { print(); }},
+                       QApplication::activeWindow());
+    dialog.exec();
+}
+
+void Reports::print()
+{
+    QPrintDialog dialog(&printer(), QApplication::activeWindow());
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const PageRange range = printer().printRange() == QPrinter::PageRange
+                                ? PageRange{printer().fromPage(), printer().toPage()}
+                                : PageRange{};
+    StandbyWindow standby(content(), printer(), range, QApplication::activeWindow());
+    if (standby.make() == StandbyWindow::Outcome::Failed)
+        sayFailed(QStringLiteral("The report could not be printed."),
+                  QStringLiteral("Check that the printer is on and ready."));
+}
+
+void Reports::preview()
+{
+    QPrintPreviewDialog dialog(&printer(), QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("frmReportPreview"));
+    dialog.setWindowTitle(QStringLiteral("Report Preview"));
+    dialog.resize(kPreviewSize);
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                     [this](QPrinter* device) {
+                         const ReportPainter report(content(), *device);
+                         QPainter painter(device);
+                         if (!painter.isActive())
+                             return;
+                         for (int page = 0; page < report.pageCount(); ++page) {
+                             if (page > 0)
+                                 device->newPage();
+                             report.paintPage(painter, page);
+                         }
+                     });
+    dialog.exec();
+}
+
+void Reports::savePdf()
+{
+    const auto path = m_state.prompts.askSaveFile(
+        {QStringLiteral("Save Report as PDF"), QStringLiteral("PDF Files(*.pdf)|*.pdf|"),
+         QFileInfo(m_state.gFileNamePath).path(), proposedName(), QStringLiteral("pdf")});
+    if (path)
+        writePdf(*path);
+}
+
+QString Reports::proposedName() const
+{
+    return QFileInfo(content().name).completeBaseName() + QStringLiteral(" report.pdf");
+}
+
+void Reports::writePdf(const QString& path)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return sayFailed(QStringLiteral("The report could not be saved."), file.errorString());
+    StandbyWindow::Outcome outcome{};
+    {
+        QPdfWriter pdf(&file);
+        pdf.setTitle(QStringLiteral("TAMBRIX Report"));
+        pdf.setPageLayout(printer().pageLayout());
+        pdf.setPageMargins(kPageMargins, QPageLayout::Millimeter);
+        outcome = StandbyWindow(content(), pdf, {}, QApplication::activeWindow()).make();
+    }
+    if (outcome == StandbyWindow::Outcome::Cancelled)
+        return file.cancelWriting();
+    if (outcome == StandbyWindow::Outcome::Failed || !file.commit())
+        sayFailed(QStringLiteral("The report could not be saved."), file.errorString());
+}
+
+void Reports::sayFailed(const QString& what, const QString& reason)
+{
+    m_state.prompts.showMessage({BoxIcon::Critical, BoxButtons::Ok, "Print Report",
+                                 (what + QStringLiteral("\r\n\r\n") + reason).toStdString()});
+}
+
+} // namespace tambrix

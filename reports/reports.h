@@ -1,0 +1,43 @@
+#pragma once
+
+#include "reports/standby_window.h"
+
+#include <QPrinter>
+
+#include <memory>
+
+namespace tambrix {
+
+/// The report commands of the File menu.
+class Reports
+{
+public:
+    explicit Reports(ProgramState& state) : m_state(state) {}
+
+    /// File > Report Setup.
+    void showSetup();
+
+    /// File > Print Report...: asks for the printer, then prints.
+    void print();
+
+    /// Shows the report's pages as they will be printed.
+    void preview();
+
+    /// Asks for a file name and writes the report into it as PDF, whole or not at all.
+    void savePdf();
+
+    /// Writes the report into `path` as PDF. Says so when it could not; leaves no part of a file
+    /// behind, and an older file as it was, after Cancel or an error.
+    void writePdf(const QString& path);
+
+private:
+    QPrinter& printer();
+    Report content() const;
+    QString proposedName() const;
+    void sayFailed(const QString& what, const QString& reason);
+
+    ProgramState& m_state;
+    std::unique_ptr<QPrinter> m_printer; ///< keeps paper and printer from one print to the next
+};
+
+} // namespace tambrix
