@@ -75,8 +75,6 @@ int runProgram(const CommandLine& line)
     if (!line.setupFile.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
 
-    // The demonstration fills in file dialogs, and can do that only with the program's own.
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, !line.demoFolder.isEmpty());
     DemoStage stage(window, controller, QDir(line.demoFolder));
     if (!line.demoFolder.isEmpty())
         stage.run(demonstration(stage));

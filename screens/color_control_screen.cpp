@@ -1,6 +1,7 @@
 #include "screens/color_control_screen.h"
 
 #include "screens/controls.h"
+#include "shell/color_density.h"
 #include "shell/helpers.h"
 
 #include <QGroupBox>
@@ -188,8 +189,8 @@ void ColorControlScreen::showDuration(std::size_t index, const QString& value)
 void ColorControlScreen::showDensity(std::size_t index)
 {
     const std::size_t ductor = index % kDuctors;
-    m_densities[ductor]->setText(
-        densityText(m_fields[ductor]->value(), m_fields[ductor + kDuctors]->value(), m_limits));
+    m_densities[ductor]->setText(colorDensity(
+        m_fields[ductor]->value(), m_fields[ductor + kDuctors]->value(), m_limits.maximumOn));
 }
 
 // --- Loading a label ---

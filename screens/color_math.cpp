@@ -6,9 +6,6 @@ namespace {
 
 constexpr std::int32_t kUsualCycle = 200; // 0.1 cans
 
-/// The longest ON duration takes this much more than the shortest CYCLE (0.1 cans).
-constexpr double kDensityBase = 60;
-
 } // namespace
 
 EntryRange onRange(std::int32_t cycle, const DurationLimits& limits)
@@ -31,16 +28,6 @@ std::int32_t soundCycle(std::int32_t stored, std::int32_t on, const DurationLimi
 {
     const bool sound = stored >= on + kSmallestCycle && stored <= limits.maximumCycle;
     return sound ? stored : kUsualCycle;
-}
-
-QString densityText(std::int32_t on, std::int32_t cycle, const DurationLimits& limits)
-{
-    if (cycle < 1)
-        return QStringLiteral("0.0%");
-    if (limits.maximumOn == 0)
-        return QStringLiteral("-");
-    const double density = (kDensityBase / limits.maximumOn + 1) * on / cycle * 100;
-    return QString::number(density, 'f', 1) + u'%';
 }
 
 } // namespace tambrix

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <cstdint>
 
 namespace tambrix {
@@ -34,8 +32,5 @@ std::int32_t soundOn(std::int32_t stored, const DurationLimits& limits);
 
 /// A label's stored CYCLE duration as it may be worked with beside `on`: 200 where it is not.
 std::int32_t soundCycle(std::int32_t stored, std::int32_t on, const DurationLimits& limits);
-
-/// Colour density of a ductor, "35.0%"; "-" where a maximum ON duration of 0 allows none.
-QString densityText(std::int32_t on, std::int32_t cycle, const DurationLimits& limits);
 
 } // namespace tambrix

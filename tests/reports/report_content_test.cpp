@@ -44,7 +44,7 @@ TEST(ColorDensity, IsWhatTheOperatorReads)
     const Case cases[] = {
         {50, 200, 150, "35.0%"}, {90, 200, 60, "90.0%"}, {0, 200, 150, "0.0%"},
         {50, 0, 150, "0.0%"},    {50, -3, 150, "0.0%"},  {1, 3, 200, "43.3%"},
-        {50, 200, 0, "-"},       {0, 0, 0, "-"},
+        {50, 200, 0, "-"},       {0, 0, 0, "0.0%"},
     };
     for (const Case& c : cases)
         EXPECT_EQ(colorDensity(c.on, c.cycle, c.maximumOn), QLatin1String(c.text))

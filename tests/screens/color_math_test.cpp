@@ -28,15 +28,6 @@ TEST(ColorMath, AnUnsoundStoredDurationIsReplaced)
     EXPECT_EQ(soundCycle(501, 50, kLimits), 200);
 }
 
-TEST(ColorMath, DensityHasOneDecimal)
-{
-    EXPECT_EQ(densityText(50, 200, kLimits), "35.0%");
-    EXPECT_EQ(densityText(0, 200, kLimits), "0.0%");
-    EXPECT_EQ(densityText(50, 0, kLimits), "0.0%");
-    EXPECT_EQ(densityText(50, 200, {0, 500}), "-");
-    EXPECT_EQ(densityText(50, 0, {0, 500}), "0.0%");
-}
-
 TEST(ResetMask, FollowsTheDuctorNumber)
 {
     const std::vector<std::pair<const char*, int>> cases = {
