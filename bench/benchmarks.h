@@ -20,7 +20,15 @@ void programDownload();
 /// 9600 and off line. Runs in a process of its own.
 void windowCost(const QString& program);
 
-/// That process: serves `device`; `started` is when it was started, on the monotonic clock in ns.
+/// Upload and download of all labels behind the progress dialog, at 9600 and 19200; saving and
+/// opening a set-up file. Runs in a process of its own.
+void transferCost(const QString& program);
+
+/// That process.
+int transferProcess(int argc, char* argv[]);
+
+/// The process of `windowCost()`: serves `device`; `started` is when it was started, on the
+/// monotonic clock in ns.
 int windowProcess(int argc, char* argv[], const QString& device, qint64 started);
 
 } // namespace tambrix::bench

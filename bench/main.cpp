@@ -24,6 +24,8 @@ int runBenchmarks(const QStringList& arguments)
             programDownload();
         if (wanted("window"))
             windowCost(QCoreApplication::applicationFilePath());
+        if (wanted("transfer"))
+            transferCost(QCoreApplication::applicationFilePath());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "tambrix_bench: %s\n", failure.what());
         return 1;
@@ -33,13 +35,19 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
+<<<<<<< HEAD
 /// tambrix_bench [exchange|wire|download|window]...
+=======
+/// tambrix_bench [exchange|wire|window|transfer]...
+>>>>>>> data
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;
     if (argc == kWindowArguments && QLatin1String(argv[1]) == QLatin1String("--window-process"))
         return windowProcess(argc, argv, QString::fromLocal8Bit(argv[2]),
                              QByteArray(argv[3]).toLongLong());
+    if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--transfer-process"))
+        return transferProcess(argc, argv);
     const QCoreApplication application(argc, argv);
     return runBenchmarks(QCoreApplication::arguments());
 }

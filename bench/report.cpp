@@ -1,5 +1,7 @@
 #include "bench/report.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -42,6 +44,17 @@ void reportAtMost(const std::string& what, double value, double aim, const std::
 void report(const std::string& what, double value, const std::string& unit)
 {
     line(what, value, unit, "");
+}
+
+double peakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).simplified().split(' ').first().toDouble() / 1024;
+    return 0;
 }
 
 } // namespace tambrix::bench

@@ -8,6 +8,9 @@ namespace tambrix::bench {
 /// Middle value of a list that is not empty.
 double median(std::vector<double> values);
 
+/// The most memory that this process has held, in MiB; 0 where the system does not tell.
+double peakMemory();
+
 /// One line of the table: "what   0.98   at least 0.97   met".
 void reportAtLeast(const std::string& what, double value, double aim);
 /// The same for a value that should not exceed `aim`.

@@ -7,7 +7,6 @@
 #include "shell/main_window.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTimer>
 
 #include <chrono>
@@ -38,18 +37,6 @@ double processorSeconds()
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
     };
     return seconds(use.ru_utime) + seconds(use.ru_stime);
-}
-
-/// The most memory that this process has held, in MiB; 0 where the system does not tell.
-double peakMemory()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).simplified().split(' ').first().toDouble() / 1024;
-    return 0;
 }
 
 /// The program's window as main() builds it, over a real serial device.
