@@ -1,4 +1,5 @@
 #include "app/demo_chapters.h"
+#include "shell/numeric_entry_field.h"
 #include "simulator/sample_program.h"
 
 #include <QFileDialog>
@@ -33,6 +34,11 @@ QString frontName(const DemoStage& stage)
 QString textOf(const DemoStage& stage, const char* label)
 {
     return stage.control<QLabel>(QLatin1String(label)).text();
+}
+
+QString fieldOf(const DemoStage& stage, const char* field)
+{
+    return stage.control<NumericEntryField>(QLatin1String(field)).text();
 }
 
 /// Picks `file` in the file dialog that a menu item has opened.
@@ -106,15 +112,17 @@ Task showFaultsAndIdentity(DemoStage& stage)
 Task showAddressesAndClock(DemoStage& stage)
 {
     co_await showTab(stage, 0, "An H810 has two network addresses", "board-addresses",
-                     [] { return true; });
+                     [&stage] { return fieldOf(stage, "txtSetup(1)") == "02"; });
     stage.control<QTabWidget>("tabTargetBoard").setCurrentIndex(3);
     stage.later([&stage] {
         stage.control<QPushButton>("cmdSetToCurrTime").click();
         stage.control<QPushButton>("cmdSetToCurrDate").click();
     });
-    const int year = QDate::currentDate().year() % 100;
-    co_await stage.step("Its clock is set to the PC's", "board-clock",
-                        [&stage, year] { return stage.board().peek(43017) == year; });
+    const QString year = QString::number(QDate::currentDate().year()).right(2);
+    const std::function<bool()> shown = [&stage, year] {
+        return fieldOf(stage, "txtSetup(7)") == year;
+    };
+    co_await stage.step("Its clock is set to the PC's", "board-clock", shown);
     stage.later([&stage] { stage.control<QPushButton>("cmdOk").click(); });
     co_await stage.step({}, {}, [&stage] { return frontName(stage) != "frmTargetBoard"; });
 }

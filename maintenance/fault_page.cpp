@@ -44,6 +44,7 @@ QPlainTextEdit* makeTextBox(std::size_t index)
     box->setAccessibleName(QLatin1String(kCaptions[index]));
     box->setReadOnly(true);
     box->setTabChangesFocus(true);
+    box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the text wraps
     const int lines = QFontMetrics(box->font()).lineSpacing() * kTextLines[index];
     box->setFixedHeight(lines + 2 * box->frameWidth() + 10);
     return box;

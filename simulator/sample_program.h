@@ -18,7 +18,7 @@ struct SampleProgram
     int settingB = 0;
     int settingC = 3;
     std::uint16_t address = 0;  ///< where it is loaded
-    std::size_t size = 2048;    ///< bytes
+    std::size_t size = 2000;    ///< bytes
     std::size_t perRecord = 16; ///< bytes in a record, 1 to 254
 
     /// The program's bytes: every value occurs, and no two records are alike.

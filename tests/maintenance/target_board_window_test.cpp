@@ -59,6 +59,15 @@ struct BoardRig : MaintenanceRig
                                             qPrintable(QStringLiteral("txtSetup(%1)").arg(index)));
     }
     QString field(int index) { return entry(index).text(); }
+    /// Types into network address 1 and leaves it there.
+    NumericEntryField& typeAddress(const char* keys)
+    {
+        NumericEntryField& address = entry(0);
+        address.setFocus();
+        turns(5);
+        QTest::keyClicks(&address, keys);
+        return address;
+    }
     bool shown(const char* name) { return label(name).isVisibleTo(label(name).parentWidget()); }
 };
 
@@ -306,10 +315,7 @@ TEST(TargetBoardWindow, AnEntryIsWrittenAtOnceAndLeftAloneWhileTyped)
 {
     BoardRig rig;
     rig.showOnline();
-    NumericEntryField& address = rig.entry(0);
-    address.setFocus();
-    PressRig::turns(5);
-    QTest::keyClicks(&address, "17");
+    NumericEntryField& address = rig.typeAddress("17");
     rig.board.poke(8180, 5);
     PressRig::turns(100);
     EXPECT_EQ(address.text(), "17"); // the refresh keeps off
@@ -322,10 +328,7 @@ TEST(TargetBoardWindow, AnEntryBeyondItsLimitsIsRefused)
 {
     BoardRig rig;
     rig.showOnline();
-    NumericEntryField& address = rig.entry(0);
-    address.setFocus();
-    PressRig::turns(5);
-    QTest::keyClicks(&address, "33");
+    NumericEntryField& address = rig.typeAddress("33");
     QTest::keyClick(&address, Qt::Key_Return);
     EXPECT_TRUE(rig.eventually([&] { return !rig.person.boxes.empty(); }));
     EXPECT_EQ(rig.lastTitle(), "Set-upCurrent Network Address 1:");
