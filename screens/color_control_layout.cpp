@@ -64,7 +64,7 @@ QGroupBox* ColorControlScreen::makeColorFrame()
     QGroupBox* frame = makeFrame(arrayName("fraColorCtrl", 0), QStringLiteral("Color Control"));
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(24);
-    grid->setVerticalSpacing(10);
+    grid->setVerticalSpacing(16);
     m_labelCaption = m_fields[kLabelField]->makeCaption(arrayName("lblDescription", 8),
                                                         QStringLiteral("&Label Number:"));
     grid->addWidget(m_labelCaption, 0, 0);
