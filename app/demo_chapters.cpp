@@ -6,6 +6,7 @@ Task demonstration(DemoStage& stage)
 {
     co_await demoMainDisplay(stage);
     co_await demoScreens(stage);
+    co_await demoMaintenance(stage);
 }
 
 } // namespace tambrix

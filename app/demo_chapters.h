@@ -13,4 +13,7 @@ Task demoMainDisplay(DemoStage& stage);
 /// Each parameter screen, on line and off line.
 Task demoScreens(DemoStage& stage);
 
+/// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
+Task demoMaintenance(DemoStage& stage);
+
 } // namespace tambrix

@@ -73,13 +73,16 @@ Task DemoStage::answerBox(QString title, QString button, QString picture)
         auto* front = qobject_cast<QMessageBox*>(&frontWindow());
         return front != nullptr && front->windowTitle() == title ? front : nullptr;
     };
-    co_await step(QStringLiteral("Box '%1', answered %2").arg(title, button), picture,
-                  [box] { return box() != nullptr; });
+    // Named, not built inside the awaiting expressions: GCC 12 destroys such closures twice.
+    const std::function<bool()> open = [box] { return box() != nullptr; };
+    const std::function<bool()> closed = [box] { return box() == nullptr; };
+    const QString what = QStringLiteral("Box '%1', answered %2").arg(title, button);
+    co_await step(what, picture, open);
     if (box() != nullptr && buttonOf(*box(), button) != nullptr)
         later([pressed = buttonOf(*box(), button)] { pressed->click(); });
     else
         report(false, QStringLiteral("button %1").arg(button), picture);
-    co_await step({}, {}, [box] { return box() == nullptr; });
+    co_await step({}, {}, closed);
 }
 
 QWidget& DemoStage::frontWindow() const

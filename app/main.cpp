@@ -1,6 +1,8 @@
 #include "app/built_in_controller.h"
 #include "app/command_line.h"
 #include "app/demo_chapters.h"
+#include "maintenance/comm_port_dialog.h"
+#include "maintenance/program_commands.h"
 #include "platform/patient_port.h"
 #include "platform/qt_prompts.h"
 #include "platform/qt_serial_port.h"
@@ -15,6 +17,7 @@
 #include <QApplication>
 
 #include <cstdio>
+#include <optional>
 
 using namespace tambrix;
 
@@ -49,7 +52,14 @@ int runProgram(const CommandLine& line)
     const QString folder =
         line.programFolder.isEmpty() ? QApplication::applicationDirPath() : line.programFolder;
     ProgramState state(QDir(folder), port, clock, prompts);
-    MainWindow window(state, screens(), {});
+
+    std::optional<ProgramCommands> programs; // needs the window that the menu is on
+    MenuCommands commands;
+    commands.downloadProgram = [&programs] { programs->downloadProgram(); };
+    commands.targetBoard = [&programs] { programs->showTargetBoard(); };
+    commands.commPort = [&state] { CommPortDialog(state, QApplication::activeWindow()).exec(); };
+    MainWindow window(state, screens(), std::move(commands));
+    programs.emplace(state, window, window.backgroundPoll());
     window.show();
 
     DemoStage stage(window, controller, QDir(line.demoFolder));
@@ -80,6 +90,8 @@ int main(int argc, char* argv[])
     if (!line.demoFolder.isEmpty() && !QDir().mkpath(line.demoFolder))
         return demoFolderMissing(line);
 
+    if (!line.demoFolder.isEmpty()) // nobody is there to use the system's own dialogs
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TAMBRIX"));
     return runProgram(line);

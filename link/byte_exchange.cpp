@@ -20,6 +20,8 @@ constexpr Duration kLineQuiet = 50ms;
 /// take 0xFF as an address or, worse, store it. This long a gap makes it drop the half frame.
 constexpr Duration kHalfFrameQuiet = 600ms;
 constexpr Duration kSettleLimit = 2s;
+/// How long a wait may leave pending events unserved.
+constexpr Duration kEventInterval = 20ms;
 
 constexpr const char* kWarningTitle = "WARNING - Communication Error!";
 constexpr const char* kCannotCommunicate = "Cannot Communicate with Target Board.\r"
@@ -140,10 +142,31 @@ bool ByteExchange::echoes(std::uint8_t byte)
 {
     if (exchangeInFrame(byte) == byte)
         return true;
-    forgetMode();
-    if (!m_attentionResent)
-        outOfStep(kHalfFrameQuiet);
+    if (m_attentionResent)
+        forgetMode();
+    else
+        abandonFrame();
     return false;
+}
+
+void ByteExchange::abandonFrame()
+{
+    forgetMode();
+    outOfStep(kHalfFrameQuiet);
+}
+
+int ByteExchange::awaitByte(Duration limit, const PendingEvents& pendingEvents)
+{
+    if (m_flags.CommError || !isPortOpen())
+        return kNoReply;
+    const Duration deadline = m_clock.now() + limit;
+    while (!inputBefore(std::min(m_clock.now() + kEventInterval, deadline))) {
+        if (m_clock.now() >= deadline)
+            return kNoReply;
+        if (pendingEvents)
+            pendingEvents();
+    }
+    return m_port->readByte();
 }
 
 void ByteExchange::closePort()

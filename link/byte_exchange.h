@@ -6,8 +6,13 @@
 #include "link/serial_port.h"
 
 #include <cstdint>
+#include <functional>
 
 namespace tambrix {
+
+/// Lets the window system serve what is pending while the link waits; may be empty. Nothing that
+/// is called back may use the link.
+using PendingEvents = std::function<void()>;
 
 /// What `ExchangeByte` returns when the board gave no answer.
 inline constexpr int kNoReply = 9999;
@@ -50,6 +55,14 @@ public:
     /// Sends `byte` inside a frame; returns whether the board sent it back unchanged. Any other
     /// answer leaves the mode, and the line settles before the next attention.
     bool echoes(std::uint8_t byte);
+
+    /// Waits at most `limit` for one byte, with no try to wake the board, and returns it or
+    /// `kNoReply`. Serves pending events meanwhile.
+    int awaitByte(Duration limit, const PendingEvents& pendingEvents);
+
+    /// A frame was broken off: the mode is lost, and the line settles before the next attention,
+    /// long enough for the board to drop the half frame too.
+    void abandonFrame();
 
     /// The board is to be taken as idle: nothing is assumed about its mode.
     void forgetMode() { m_mode = LinkMode::None; }

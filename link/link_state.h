@@ -24,6 +24,13 @@ enum class LinkMode : std::int16_t {
     None = 0,
     Read = 1,
     Write = 2,
+    SwitchChannel = 3,
+    SwitchParameter = 4,
+    SwitchValue = 5,
+    SwitchRecall = 6,
+    SwitchBlock = 7,
+    SwitchUpload = 8,
+    ProgramLoad = 9,
 };
 
 } // namespace tambrix

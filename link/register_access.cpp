@@ -74,14 +74,19 @@ std::optional<std::uint8_t> RegisterAccess::readByteAt(std::int32_t byteAddress)
     return static_cast<std::uint8_t>(data);
 }
 
-void RegisterAccess::WriteRegister(std::string_view addr, std::string_view value)
+bool RegisterAccess::WriteRegister(std::string_view addr, std::string_view value)
 {
     m_writeVerifyFailed = false;
     RegisterAddress address;
     ParseAddress(addr, address);
     const auto number = numberToWrite(address, value);
-    if (number && fits(address.RegLetter, *number))
-        writeBytes(address, splitValue(address.RegLetter, *number));
+    return number && fits(address.RegLetter, *number) &&
+           writeBytes(address, splitValue(address.RegLetter, *number));
+}
+
+bool RegisterAccess::WriteTwice(std::string_view addr, std::string_view value)
+{
+    return WriteRegister(addr, value) || (m_writeVerifyFailed && WriteRegister(addr, value));
 }
 
 std::optional<std::int64_t> RegisterAccess::numberToWrite(const RegisterAddress& address,
@@ -120,14 +125,15 @@ bool RegisterAccess::fits(char regLetter, std::int64_t number)
     return false;
 }
 
-void RegisterAccess::writeBytes(const RegisterAddress& address, const ValueBytes& bytes)
+bool RegisterAccess::writeBytes(const RegisterAddress& address, const ValueBytes& bytes)
 {
     if (m_exchange.mode() != LinkMode::Write &&
         !m_exchange.EnterLinkMode(LinkMode::Write, kWriteCommand))
-        return;
+        return false;
     for (int i = 0; i < registerWidth(address.RegLetter) && !m_writeVerifyFailed; ++i)
         m_writeVerifyFailed =
             !writeByteAt(address.RegAddress + i, bytes[static_cast<std::size_t>(i)]);
+    return !m_writeVerifyFailed;
 }
 
 bool RegisterAccess::writeByteAt(std::int32_t byteAddress, std::uint8_t data)

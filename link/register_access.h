@@ -22,9 +22,13 @@ public:
     std::optional<std::int64_t> ReadRegister(std::string_view addr);
 
     /// Checks `value` (an entry text) and writes it; refuses with an "ENTRY ALERT" box what is no
-    /// number or does not fit. A bit is written by reading its byte first.
+    /// number or does not fit. A bit is written by reading its byte first. Returns whether the
+    /// board has sent back every byte as it should.
     /// Per byte: address-high, address-low and data, each echoed.
-    void WriteRegister(std::string_view addr, std::string_view value);
+    bool WriteRegister(std::string_view addr, std::string_view value);
+
+    /// The same, and the whole value once more when a byte did not come back as sent.
+    bool WriteTwice(std::string_view addr, std::string_view value);
 
     /// A byte sent during the last write did not come back as sent: the board may hold anything.
     bool writeVerifyFailed() const { return m_writeVerifyFailed; }
@@ -36,7 +40,7 @@ private:
                                               std::string_view value);
     std::optional<std::int64_t> withBit(const RegisterAddress& address, std::int64_t bit);
     bool fits(char regLetter, std::int64_t number);
-    void writeBytes(const RegisterAddress& address, const ValueBytes& bytes);
+    bool writeBytes(const RegisterAddress& address, const ValueBytes& bytes);
     bool writeByteAt(std::int32_t byteAddress, std::uint8_t data);
     void entryAlert(const std::string& text);
 

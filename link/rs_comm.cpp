@@ -2,6 +2,7 @@
 
 #include "link/board_names.h"
 #include "link/fault_text.h"
+#include "link/mark_hex.h"
 #include "link/point_names.h"
 #include "link/settings_file.h"
 
@@ -34,7 +35,10 @@ RSComm::RSComm(std::filesystem::path programFolder, Clock& clock, Operator& pers
     : m_programFolder(std::move(programFolder)),
       m_operator(person),
       m_exchange(*this, clock, person),
-      m_registers(m_exchange, person)
+      m_registers(m_exchange, person),
+      m_program(person),
+      m_transfer(*this, m_exchange, m_registers, clock, person),
+      m_limitSwitch(*this, m_exchange, clock, person)
 {
 }
 
@@ -107,11 +111,7 @@ std::string RSComm::RSRead(std::string_view addr)
 void RSComm::RSWrite(std::string_view addr, std::string_view DataValue)
 {
     const Call call(*this);
-    if (!call)
-        return;
-    m_registers.WriteRegister(addr, DataValue);
-    if (m_registers.writeVerifyFailed())
-        m_registers.WriteRegister(addr, DataValue);
+    m_writeSucceeded = call && m_registers.WriteTwice(addr, DataValue);
 }
 
 std::filesystem::path RSComm::supportFile(const char* name) const
@@ -168,6 +168,116 @@ std::int16_t RSComm::Dec2Octal(std::int16_t DecNum) const
 std::int16_t RSComm::Octal2Dec(std::int16_t OctNum) const
 {
     return tambrix::Octal2Dec(OctNum);
+}
+
+void RSComm::DownloadFile(const std::filesystem::path& programFile)
+{
+    const Call call(*this);
+    if (call)
+        m_program.DownloadFile(programFile);
+}
+
+void RSComm::UploadFile(const std::filesystem::path& programFile)
+{
+    const Call call(*this);
+    if (call)
+        m_program.UploadFile(programFile);
+}
+
+std::string RSComm::MarkHex2HEX(std::string_view text) const
+{
+    return tambrix::MarkHex2HEX(text);
+}
+
+std::string RSComm::HEX2MarkHEX(std::string_view text) const
+{
+    return tambrix::HEX2MarkHEX(text);
+}
+
+void RSComm::DumpProgram(const PendingEvents& pendingEvents)
+{
+    const Call call(*this);
+    if (call)
+        m_transfer.DumpProgram(m_program, pendingEvents);
+}
+
+/// Carries out one limit-switch operation; a neutral value comes from a call that comes in while
+/// the link is busy, or while it is broken.
+template <typename Operation> auto RSComm::onSwitch(Operation operation)
+{
+    using Result = decltype(operation(m_limitSwitch));
+    const Call call(*this);
+    return call && !CommError ? operation(m_limitSwitch) : Result{};
+}
+
+std::string RSComm::parameterText(LimitSwitch::Parameter parameter)
+{
+    constexpr int kReadFailed = -9999;
+    const auto value = onSwitch([=](LimitSwitch& pls) { return pls.read(parameter); });
+    return std::to_string(value.value_or(kReadFailed));
+}
+
+std::string RSComm::PLSScaleFactor()
+{
+    return parameterText(LimitSwitch::Parameter::ScaleFactor);
+}
+
+std::string RSComm::PLSOffset()
+{
+    return parameterText(LimitSwitch::Parameter::Offset);
+}
+
+std::string RSComm::PLSPos()
+{
+    return parameterText(LimitSwitch::Parameter::Pos);
+}
+
+std::string RSComm::PLSRpm()
+{
+    return parameterText(LimitSwitch::Parameter::Rpm);
+}
+
+bool RSComm::SingleSetpoint(std::int16_t Chan, std::int16_t OnSetpoint, std::int16_t OffSetpoint,
+                            bool ClearChan)
+{
+    return onSwitch([=](LimitSwitch& pls) {
+        return pls.SingleSetpoint(Chan, OnSetpoint, OffSetpoint, ClearChan);
+    });
+}
+
+bool RSComm::PulseTrain(std::int16_t Chan, std::int16_t ON_Division, std::int16_t OFF_Division,
+                        std::int16_t START_Division)
+{
+    return onSwitch([=](LimitSwitch& pls) {
+        return pls.PulseTrain(Chan, ON_Division, OFF_Division, START_Division);
+    });
+}
+
+bool RSComm::ClearPLSChan(std::int16_t Chan)
+{
+    return onSwitch([=](LimitSwitch& pls) { return pls.ClearPLSChan(Chan); });
+}
+
+bool RSComm::RecallChannel(std::int16_t Chan)
+{
+    const Call call(*this);
+    return call && m_limitSwitch.RecallChannel(Chan);
+}
+
+bool RSComm::SetPLSOffset(std::int16_t Position)
+{
+    return onSwitch([=](LimitSwitch& pls) { return pls.SetPLSOffset(Position); });
+}
+
+bool RSComm::PLSConfigDownload(const PLSConfig& CfgParam, std::int16_t ScaleFactor)
+{
+    return onSwitch([&](LimitSwitch& pls) { return pls.PLSConfigDownload(CfgParam, ScaleFactor); });
+}
+
+PLSConfig RSComm::PLSConfigUpload()
+{
+    const Call call(*this);
+    return call ? m_limitSwitch.PLSConfigUpload() : PLSConfig{};
 }
 
 } // namespace tambrix

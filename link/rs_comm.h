@@ -1,7 +1,10 @@
 #pragma once
 
 #include "link/byte_exchange.h"
+#include "link/limit_switch.h"
 #include "link/link_state.h"
+#include "link/program_files.h"
+#include "link/program_transfer.h"
 #include "link/register_access.h"
 
 #include <cstdint>
@@ -48,6 +51,10 @@ public:
     /// where `CommError` does not (the line was disturbed, but the board answers again).
     bool readSucceeded() const { return m_readSucceeded; }
 
+    /// Whether the board has sent back every byte of the last `RSWrite` as it should. If not, the
+    /// value was refused, or nobody knows what the register holds.
+    bool writeSucceeded() const { return m_writeSucceeded; }
+
     /// Whether a link operation is under way, its message boxes included.
     bool isBusy() const { return m_busy; }
 
@@ -74,20 +81,65 @@ public:
     std::int16_t Dec2Octal(std::int16_t DecNum) const;
     std::int16_t Octal2Dec(std::int16_t OctNum) const;
 
+    /// Records the file set of a controller program and checks it; see `ProgramFiles`.
+    void DownloadFile(const std::filesystem::path& programFile);
+    /// Records the file set without checks.
+    void UploadFile(const std::filesystem::path& programFile);
+    /// Whether the last `DownloadFile` found a set that may be loaded.
+    bool ValidProgram() const { return m_program.ValidProgram(); }
+    const ProgramFiles& program() const { return m_program; }
+
+    std::string MarkHex2HEX(std::string_view text) const;
+    std::string HEX2MarkHEX(std::string_view text) const;
+
+    /// Loads the program of the last `DownloadFile` into the board, after asking the operator.
+    /// Reports how it ended. `pendingEvents` is called while it runs, at least every 50 ms as
+    /// long as the board answers; the link is busy for all that time.
+    void DumpProgram(const PendingEvents& pendingEvents = {});
+    bool InProgramMode() const { return m_transfer.progress().InProgramMode; }
+    bool WritingIdent() const { return m_transfer.progress().WritingIdent; }
+    /// Load address of the record under way, four hexadecimal digits and "H"; " " before any.
+    std::string CurrentProgramAdd() const { return m_transfer.progress().CurrentProgramAdd; }
+
+    /// Limit-switch parameters as decimal text; "-9999" when the read failed.
+    std::string PLSScaleFactor();
+    std::string PLSOffset();
+    std::string PLSPos();
+    std::string PLSRpm();
+
+    /// Limit-switch operations; each returns whether it was carried out. See `LimitSwitch`.
+    bool SingleSetpoint(std::int16_t Chan, std::int16_t OnSetpoint, std::int16_t OffSetpoint,
+                        bool ClearChan);
+    bool PulseTrain(std::int16_t Chan, std::int16_t ON_Division, std::int16_t OFF_Division,
+                    std::int16_t START_Division);
+    bool ClearPLSChan(std::int16_t Chan);
+    bool RecallChannel(std::int16_t Chan);
+    std::int16_t ChannelRecallPos() const { return m_limitSwitch.recall().pos; }
+    std::int16_t ChannelRecallState() const { return m_limitSwitch.recall().state; }
+    bool SetPLSOffset(std::int16_t Position);
+    bool PLSConfigDownload(const PLSConfig& CfgParam, std::int16_t ScaleFactor);
+    PLSConfig PLSConfigUpload();
+
 private:
     class Call;
 
     std::optional<PortFault> ConfigurePort(SerialPort& port);
     std::optional<PortFault> openPort(SerialPort& port);
     std::int64_t readNumber(std::string_view addr);
+    std::string parameterText(LimitSwitch::Parameter parameter);
+    template <typename Operation> auto onSwitch(Operation operation);
     std::filesystem::path supportFile(const char* name) const;
 
     std::filesystem::path m_programFolder;
     Operator& m_operator;
     ByteExchange m_exchange;
     RegisterAccess m_registers;
+    ProgramFiles m_program;
+    ProgramTransfer m_transfer;
+    LimitSwitch m_limitSwitch;
     bool m_portError = false;
     bool m_readSucceeded = false;
+    bool m_writeSucceeded = false;
     bool m_busy = false;
 };
 

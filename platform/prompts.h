@@ -8,7 +8,18 @@
 
 namespace tambrix {
 
-/// Everything that the program asks a person: message boxes (the link's too) and input boxes.
+/// What a file dialog starts from.
+struct FileQuestion
+{
+    QString title;
+    QString filter; ///< captions and patterns in turn: "Setup Files(*.sdt)|*.sdt|"
+    QString folder;
+    QString name;   ///< preset in the file-name box; one with a "*" presets nothing
+    QString suffix; ///< without point; goes to a name that is saved without any
+};
+
+/// Everything that the program asks a person: message boxes (the link's too), input boxes and
+/// file dialogs.
 /// Tests put a scripted person in its place, who records every text and title.
 class Prompts : public Operator
 {
@@ -16,6 +27,12 @@ public:
     /// Asks for one line of text, starting from `preset`. Nothing when the box was cancelled.
     virtual std::optional<QString> askText(const QString& title, const QString& prompt,
                                            const QString& preset) = 0;
+
+    /// Asks for a file that exists. Nothing when the dialog was cancelled.
+    virtual std::optional<QString> askOpenFile(const FileQuestion& question) = 0;
+
+    /// Asks where to save, and whether to overwrite a file that exists. Nothing when cancelled.
+    virtual std::optional<QString> askSaveFile(const FileQuestion& question) = 0;
 };
 
 } // namespace tambrix

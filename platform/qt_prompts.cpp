@@ -1,6 +1,7 @@
 #include "platform/qt_prompts.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -54,11 +55,32 @@ BoxAnswer answerOf(int button)
     }
 }
 
+std::optional<QString> askFile(QFileDialog& dialog, const FileQuestion& question)
+{
+    dialog.setWindowTitle(question.title);
+    dialog.setNameFilters(nameFilters(question.filter));
+    dialog.setDirectory(question.folder);
+    if (!question.name.contains(u'*'))
+        dialog.selectFile(question.name);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst();
+}
+
 } // namespace
 
 QString withLineBreaks(QString text)
 {
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+}
+
+QStringList nameFilters(const QString& filter)
+{
+    const QStringList parts = filter.split(u'|');
+    QStringList captions; // each has its pattern in brackets, where Qt looks for it
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        captions += parts[i];
+    return captions;
 }
 
 BoxAnswer QtPrompts::showMessage(const MessageBox& box)
@@ -81,6 +103,21 @@ std::optional<QString> QtPrompts::askText(const QString& title, const QString& p
     const QString text = QInputDialog::getText(QApplication::activeWindow(), title, prompt,
                                                QLineEdit::Normal, preset, &accepted);
     return accepted ? std::optional(text) : std::nullopt;
+}
+
+std::optional<QString> QtPrompts::askOpenFile(const FileQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return askFile(dialog, question);
+}
+
+std::optional<QString> QtPrompts::askSaveFile(const FileQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(question.suffix);
+    return askFile(dialog, question);
 }
 
 } // namespace tambrix

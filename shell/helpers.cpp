@@ -64,6 +64,11 @@ QString ChangeExtension(const QString& path, const QString& extension)
     return folderAndBase(path) + u'.' + extension;
 }
 
+QDateTime today()
+{
+    return QDate::currentDate().startOfDay();
+}
+
 int ProgramFileTypeChar(const QString& path)
 {
     QFile file(existingFile(ChangeExtension(path, QStringLiteral("FNX"))));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 class QLineEdit;
@@ -25,6 +26,9 @@ QString ChangeExtension(const QString& path, const QString& extension);
 /// Board type code of a controller program: the character code of the first character of the
 /// .FNX file of the same folder and base name; 68 when that file is missing or empty.
 int ProgramFileTypeChar(const QString& path);
+
+/// Today's date, without a time, as date stamp of a data set.
+QDateTime today();
 
 /// Text of the link (UTF-8) as Qt has it.
 inline QString fromLink(const std::string& text)

@@ -1,5 +1,6 @@
 #include "shell/main_window.h"
 
+#include "shell/file_drop.h"
 #include "shell/helpers.h"
 #include "shell/status_panels.h"
 
@@ -36,6 +37,7 @@ QLabel* makeScreenTitle()
 
 MainWindow::MainWindow(ProgramState& state, ScreenTable screens, MenuCommands commands)
     : m_state(state),
+      m_files(state),
       m_screens(std::move(screens)),
       m_panels(new StatusPanels(*statusBar())),
       m_screenTitle(makeScreenTitle())
@@ -58,6 +60,9 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, MenuCommands co
 
     connect(m_panels, &StatusPanels::modeClicked, this,
             [this] { setOnline(!m_state.gLink.OnlineMode); });
+    connect(&m_files, &FileCommands::captionChanged, this, &MainWindow::showCaption);
+    connect(&m_files.recent(), &RecentFiles::changed, this, &MainWindow::showRecentFiles);
+    new FileDrop(*this, [this](const QString& file) { m_files.openFile(file); });
     connect(&m_state, &ProgramState::onlineModeApplied, this, &MainWindow::showMode);
     m_poll.setObjectName(QStringLiteral("tmrBackgroungUpdate"));
     m_poll.setInterval(kPollInterval);
@@ -79,23 +84,12 @@ void MainWindow::load()
     m_state.InitSetupData();
     m_state.report = {};
     m_state.gFileNamePath = m_state.programFolder.filePath(QStringLiteral("*.sdt"));
-    newFile();
+    m_files.newFile();
     showMode(m_state.gLink.OnlineMode);
     poll();
     showScreen(0);
     m_loaded = true;
     m_poll.start();
-}
-
-void MainWindow::newFile()
-{
-    if (askToSaveChanges() == BoxAnswer::Cancel)
-        return;
-    m_state.gWorkingData = m_state.gDefaultData;
-    m_state.gSavedData = m_state.gWorkingData;
-    m_state.gUntitled = true;
-    m_state.gFileNameCaption = QStringLiteral("[unnamed]");
-    showCaption();
 }
 
 void MainWindow::showCaption()
@@ -182,17 +176,9 @@ void MainWindow::editPasscode()
         link.RSWrite(kPasscodeRegister, answer.toStdString());
 }
 
-std::optional<BoxAnswer> MainWindow::askToSaveChanges()
-{
-    if (!m_state.hasUnsavedChanges())
-        return std::nullopt;
-    return m_state.prompts.showMessage(
-        {BoxIcon::Warning, BoxButtons::YesNoCancel, "TAMBRIX", "Save Changes to File?"});
-}
-
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (m_state.gLink.isBusy() || askToSaveChanges() == BoxAnswer::Cancel) {
+    if (m_state.gLink.isBusy() || !m_files.mayDropData()) {
         event->ignore();
         return;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/alarm_message.h"
+#include "shell/file_commands.h"
 #include "shell/program_state.h"
 #include "shell/screen.h"
 
@@ -11,10 +12,10 @@
 #include <array>
 #include <functional>
 #include <memory>
-#include <optional>
 
 class QAction;
 class QLabel;
+class QMenu;
 class QVBoxLayout;
 
 namespace tambrix {
@@ -54,8 +55,8 @@ public:
     void showScreen(int index);
     int currentScreen() const { return m_currentScreen; }
 
-    /// File > New: the default data set under no name, after the unsaved-changes question.
-    void newFile();
+    /// New, Open, Save and the like, and the recent files.
+    FileCommands& files() { return m_files; }
 
     /// View > Online Data and Offline Data. Pass their turn while the link is busy.
     void goOnline() { setOnline(true); }
@@ -80,10 +81,12 @@ private:
     SystemMessage pollMessage();
     void editPasscode();
     void showCaption();
-    std::optional<BoxAnswer> askToSaveChanges();
+    void showRecentFiles();
+    void addRecentFile(const QString& path);
     void unloadScreen();
 
     ProgramState& m_state;
+    FileCommands m_files;
     ScreenTable m_screens;
     StatusPanels* m_panels;
     QLabel* m_screenTitle;
@@ -92,6 +95,9 @@ private:
     int m_currentScreen = 0;
     bool m_loaded = false;
     QTimer m_poll;
+    QMenu* m_fileMenu = nullptr;
+    QAction* m_belowRecent = nullptr; ///< the recent files stand above this item
+    QList<QAction*> m_recentItems;
     QAction* m_online = nullptr;
     QAction* m_offline = nullptr;
     QAction* m_passcode = nullptr;

@@ -1,8 +1,10 @@
 #include "shell/helpers.h"
 #include "shell/main_window.h"
 #include "shell/menu_item.h"
+#include "shell/transfer_commands.h"
 
 #include <QActionGroup>
+#include <QDir>
 #include <QMenuBar>
 
 namespace tambrix {
@@ -14,14 +16,15 @@ constexpr std::array kTransferGroups = {"Set-up Data", "Shift Data", "Label Data
 constexpr std::array kScreenCaptions = {"&1 Main Display", "&2 Set-up Parameters", "&3 Shift Data",
                                         "&4 Color Control", "&5 I/O States"};
 
-void addTransferMenu(QMenu& menu, const QString& caption, const char* name)
+void addTransferMenu(QMenu& menu, const QString& caption, const char* name,
+                     const std::function<void(int)>& transfer)
 {
     QMenu* groups = menu.addMenu(caption);
     for (int i = 0; i < static_cast<int>(kTransferGroups.size()); ++i)
         addItem(*groups, {QLatin1String(kTransferGroups[static_cast<std::size_t>(i)]),
                           arrayName(name, i),
                           {},
-                          {}});
+                          [transfer, i] { transfer(i); }});
 }
 
 } // namespace
@@ -29,24 +32,28 @@ void addTransferMenu(QMenu& menu, const QString& caption, const char* name)
 void MainWindow::buildFileMenu(const MenuCommands& commands)
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
-    addItems(*menu,
-             {{QStringLiteral("&New..."), QStringLiteral("mnuFileNew"), QKeySequence::New, {}},
-              {QStringLiteral("&Open..."), QStringLiteral("mnuFileOpen"), QKeySequence::Open, {}},
-              {QStringLiteral("&Save"), QStringLiteral("mnuFileSave"), QKeySequence::Save, {}},
-              {QStringLiteral("Save &As..."),
-               QStringLiteral("mnuFileSaveAs"),
-               QKeySequence::SaveAs,
-               {}}});
+    addItems(*menu, {{QStringLiteral("&New..."), QStringLiteral("mnuFileNew"), QKeySequence::New,
+                      [this] { m_files.newFile(); }},
+                     {QStringLiteral("&Open..."), QStringLiteral("mnuFileOpen"), QKeySequence::Open,
+                      [this] { m_files.open(); }},
+                     {QStringLiteral("&Save"), QStringLiteral("mnuFileSave"), QKeySequence::Save,
+                      [this] { m_files.save(); }},
+                     {QStringLiteral("Save &As..."), QStringLiteral("mnuFileSaveAs"),
+                      QKeySequence::SaveAs, [this] { m_files.saveAs(); }}});
     menu->addSeparator();
     addItem(*menu,
-            {QStringLiteral("Export Shift Data..."), QStringLiteral("mnuFileExport"), {}, {}});
+            {QStringLiteral("Export Shift Data..."), QStringLiteral("mnuFileExport"), {}, [this] {
+                 m_files.exportShiftData();
+             }});
     menu->addSeparator();
-    addTransferMenu(*menu, QStringLiteral("&Upload (save) Data"), "mnuFileUpload");
+    addTransferMenu(*menu, QStringLiteral("&Upload (save) Data"), "mnuFileUpload",
+                    [this](int group) { uploadData(m_state, *this, group); });
     addItem(*menu, {QStringLiteral("&Download Program"),
                     QStringLiteral("mnuFileDownloadProgram"),
                     {},
                     commands.downloadProgram});
-    addTransferMenu(*menu, QStringLiteral("Dow&nload (restore) Data"), "mnuFileDownload");
+    addTransferMenu(*menu, QStringLiteral("Dow&nload (restore) Data"), "mnuFileDownload",
+                    [this](int group) { downloadData(m_state, *this, group); });
     menu->addSeparator();
     addItems(*menu, {{QStringLiteral("&Report Setup"),
                       QStringLiteral("mnuFileReportSetup"),
@@ -55,8 +62,37 @@ void MainWindow::buildFileMenu(const MenuCommands& commands)
                      {QStringLiteral("&Print Report..."), QStringLiteral("mnuFilePrint"),
                       QKeySequence::Print, commands.printReport}});
     menu->addSeparator();
-    addItem(*menu, {QStringLiteral("E&xit"), QStringLiteral("mnuFileExit"), QKeySequence::Quit,
-                    [this] { close(); }});
+    m_fileMenu = menu;
+    m_belowRecent = addItem(*menu, {QStringLiteral("E&xit"), QStringLiteral("mnuFileExit"),
+                                    QKeySequence::Quit, [this] { close(); }});
+}
+
+/// The recent files, with a line below them; neither while there are none.
+void MainWindow::showRecentFiles()
+{
+    for (QAction* item : m_recentItems) {
+        m_fileMenu->removeAction(item);
+        item->setParent(nullptr);
+        item->deleteLater(); // it may be the one that brought us here
+    }
+    m_recentItems.clear();
+    for (const QString& path : m_files.recent().paths())
+        addRecentFile(path);
+    if (!m_recentItems.isEmpty()) {
+        m_recentItems.push_back(new QAction(this));
+        m_recentItems.back()->setSeparator(true);
+    }
+    m_fileMenu->insertActions(m_belowRecent, m_recentItems);
+}
+
+void MainWindow::addRecentFile(const QString& path)
+{
+    const auto index = static_cast<int>(m_recentItems.size());
+    const QString name = QDir::toNativeSeparators(path).replace(u'&', QLatin1String("&&"));
+    auto* item = new QAction(QStringLiteral("&%1 %2").arg(index + 1).arg(name), this);
+    item->setObjectName(arrayName("mnuFileRecent", index));
+    connect(item, &QAction::triggered, this, [this, path] { m_files.openFile(path); });
+    m_recentItems.push_back(item);
 }
 
 void MainWindow::buildEditMenu(const MenuCommands& commands)

@@ -70,6 +70,9 @@ public:
 
     ReportSettings report;
 
+    int transferRequest = 0;          ///< code of the last bulk transfer
+    bool labelRangeCancelled = false; ///< the label range dialog ended without a range
+
 signals:
     /// The port has been opened or closed; `online` is the mode to show.
     void onlineModeApplied(bool online);

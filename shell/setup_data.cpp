@@ -50,6 +50,11 @@ void appendLabel(SetupDataRecord& record, int label)
 
 } // namespace
 
+std::string valueText(std::int32_t value)
+{
+    return (value < 0 ? "" : " ") + std::to_string(value);
+}
+
 SetupDataRecord defaultSetupData(const std::string& version)
 {
     SetupDataRecord record;

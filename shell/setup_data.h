@@ -35,6 +35,10 @@ constexpr int labelBase(int label)
     return kLabelSlot + kEntriesPerLabel * label;
 }
 
+/// A value as the controller and the reports have it: decimal, with one blank in front where a
+/// negative number has its minus sign.
+std::string valueText(std::int32_t value);
+
 /// The data set that New starts from, with every entry's register address.
 SetupDataRecord defaultSetupData(const std::string& version);
 

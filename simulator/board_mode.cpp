@@ -1,5 +1,8 @@
 #include "simulator/board_mode.h"
 
+#include "simulator/limit_switch_modes.h"
+#include "simulator/program_load_mode.h"
+
 #include <array>
 #include <cstddef>
 
@@ -66,15 +69,19 @@ private:
 
 } // namespace
 
-std::unique_ptr<BoardMode> makeBoardMode(std::uint8_t command, BoardMemory& memory)
+std::unique_ptr<BoardMode> makeBoardMode(std::uint8_t command, const BoardParts& board)
 {
     switch (command) {
     case 0x01:
-        return std::make_unique<ReadMode>(memory);
+        return std::make_unique<ReadMode>(board.memory);
     case 0x02:
-        return std::make_unique<WriteMode>(memory);
+        return std::make_unique<WriteMode>(board.memory);
+    case ProgramLoadMode::kCommand:
+        if (!ProgramLoadMode::requested(board.memory))
+            return nullptr;
+        return std::make_unique<ProgramLoadMode>(board.memory, board.program);
     default:
-        return nullptr;
+        return makeLimitSwitchMode(command, board);
     }
 }
 

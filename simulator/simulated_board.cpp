@@ -72,7 +72,7 @@ std::optional<std::uint8_t> SimulatedBoard::attention()
 std::optional<std::uint8_t> SimulatedBoard::enterMode(std::uint8_t command)
 {
     m_awaitsCommand = false;
-    m_mode = makeBoardMode(command, m_memory);
+    m_mode = makeBoardMode(command, {m_memory, m_program, m_limitSwitch});
     return m_mode ? std::optional(kAcknowledge) : std::nullopt;
 }
 

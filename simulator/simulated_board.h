@@ -2,7 +2,9 @@
 
 #include "simulator/board_memory.h"
 #include "simulator/board_mode.h"
+#include "simulator/limit_switch_model.h"
 #include "simulator/press_model.h"
+#include "simulator/program_load_mode.h"
 #include "simulator/sim_time.h"
 
 #include <cstdint>
@@ -18,7 +20,8 @@ namespace tambrix {
 /// is answered 0x55 and leaves any mode. The byte right after it is a mode command: 0x01 (read)
 /// and 0x02 (write) are answered 0x55. In read mode a frame is address high (echoed) and address
 /// low (answered with the data byte); in write mode it is address high, address low and data, all
-/// echoed. A byte that nothing expects gets no answer.
+/// echoed. A byte that nothing expects gets no answer. Program records and the limit switch have
+/// modes of their own: see ProgramLoadMode and makeLimitSwitchMode().
 ///
 /// Inside a frame 0xFF is a byte like any other. A frame whose next byte is late is dropped, the
 /// mode stays, and 0xFF is attention again. Registers from 0xFF00 up cannot be reached.
@@ -51,7 +54,11 @@ public:
     /// The whole memory, 65536 bytes.
     std::span<const std::uint8_t> memory() const { return m_memory.bytes(); }
 
-    /// The mode the port is in: 0 none, 1 read, 2 write.
+    /// The program memory, and the limit switch behind the registers.
+    ProgramMemory& program() { return m_program; }
+    LimitSwitchModel& limitSwitch() { return m_limitSwitch; }
+
+    /// The mode the port is in: 0 none, 1 read, 2 write; see BoardMode::number().
     int mode() const { return m_mode ? m_mode->number() : 0; }
 
     /// A board without power hears nothing, and wakes up in no mode. Its memory is kept.
@@ -64,6 +71,8 @@ private:
 
     BoardMemory m_memory;
     PressModel m_press;
+    ProgramMemory m_program;
+    LimitSwitchModel m_limitSwitch;
     std::unique_ptr<BoardMode> m_mode;
     SimTime m_lastByte{};
     bool m_awaitsCommand = false;

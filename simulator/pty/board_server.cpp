@@ -65,6 +65,7 @@ BoardServer::BoardServer(const Options& options)
     PressModel& press = m_board.press();
     if (options.manual)
         press.setOperationalMode(PressModel::OperationalMode::Manual);
+    m_board.program().garbledRecord = options.garbleRecord;
     if (options.faultDuctor)
         press.setDuctorAnswers(*options.faultDuctor, false);
     press.setLabelSelect(options.labelSelect);

@@ -19,13 +19,14 @@ enum Option {
     ReplugAfter,
     FaultDuctor,
     AlarmAfter,
+    GarbleRecord,
     Manual,
     NoLabelSelect,
     Trace,
     Help
 };
 
-constexpr std::array<option, 12> kLongOptions{{
+constexpr std::array<option, 13> kLongOptions{{
     {"baud", required_argument, nullptr, Baud},
     {"unpaced", no_argument, nullptr, Unpaced},
     {"link", required_argument, nullptr, Link},
@@ -33,6 +34,7 @@ constexpr std::array<option, 12> kLongOptions{{
     {"replug-after", required_argument, nullptr, ReplugAfter},
     {"fault-ductor", required_argument, nullptr, FaultDuctor},
     {"alarm-after", required_argument, nullptr, AlarmAfter},
+    {"garble-record", required_argument, nullptr, GarbleRecord},
     {"manual", no_argument, nullptr, Manual},
     {"no-label-select", no_argument, nullptr, NoLabelSelect},
     {"trace", no_argument, nullptr, Trace},
@@ -78,6 +80,15 @@ bool takeDuctor(std::string_view text, std::optional<int>& ductor)
     return true;
 }
 
+bool takeRecord(std::string_view text, std::optional<std::size_t>& record)
+{
+    const std::optional<int> number = wholeNumber(text);
+    if (!number || *number < 1)
+        return false;
+    record = static_cast<std::size_t>(*number - 1);
+    return true;
+}
+
 // The options with a value; `text` is not null for them.
 bool takeValue(int name, const char* text, Options& options)
 {
@@ -93,6 +104,8 @@ bool takeValue(int name, const char* text, Options& options)
         return takeSeconds(text, options.replugAfter);
     case FaultDuctor:
         return takeDuctor(text, options.faultDuctor);
+    case GarbleRecord:
+        return takeRecord(text, options.garbleRecord);
     default:
         return takeSeconds(text, options.alarmAfter);
     }
@@ -158,6 +171,7 @@ const char* helpText()
            "  --replug-after S     put it back S seconds later, as a new device\n"
            "  --fault-ductor N     feedback sensor of ductor N (1 to 8) does not answer\n"
            "  --alarm-after S      raise the feedback fault of ductor 1 once, after S seconds\n"
+           "  --garble-record N    answer the Nth record of a program download with a wrong sum\n"
            "  --manual             panel in manual instead of automatic\n"
            "  --no-label-select    labels are not chosen from the PC\n"
            "  --trace              print every byte with its time in seconds to stderr:\n"

@@ -17,7 +17,8 @@ struct Options
     std::optional<SimTime> unplugAfter;
     std::optional<SimTime> replugAfter; ///< counts from the unplugging
     std::optional<SimTime> alarmAfter;
-    std::optional<int> faultDuctor; ///< 0 to 7
+    std::optional<int> faultDuctor;          ///< 0 to 7
+    std::optional<std::size_t> garbleRecord; ///< program record, counted from 0
     bool manual = false;
     bool labelSelect = true;
     bool trace = false;

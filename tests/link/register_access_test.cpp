@@ -116,6 +116,7 @@ TEST(RegisterAccess, ARefusedWriteDoesNotSpoilTheReadCache)
     rig.openQuietly();
     EXPECT_EQ(rig.link.RSRead("W5000"), "777");
     rig.link.RSWrite("B5100", "256");
+    EXPECT_FALSE(rig.link.writeSucceeded());
     EXPECT_EQ(rig.link.RSRead("W5000"), "777");
 }
 
@@ -128,6 +129,7 @@ TEST(RegisterAccess, WritesTheWholeValueOnceMoreAfterABadEcho)
     EXPECT_EQ(rig.trace, std::string(kWriteMode) + "13 <13 EC <EC 02 <03 " + kWriteMode +
                              "13 <13 EC <EC 02 <02 13 <13 ED <ED 01 <01");
     EXPECT_EQ(rig.board.peekWord(5100), 258);
+    EXPECT_TRUE(rig.link.writeSucceeded());
     EXPECT_TRUE(rig.person.boxes.empty());
 }
 
@@ -140,6 +142,7 @@ TEST(RegisterAccess, GivesUpAfterTheSecondBadEcho)
     rig.link.RSWrite("B5100", "9");
     EXPECT_EQ(rig.line.exchanges(), 6u);
     EXPECT_FALSE(rig.link.CommError);
+    EXPECT_FALSE(rig.link.writeSucceeded());
 }
 
 TEST(RegisterAccess, ABrokenWriteFrameNeverStoresTheAttentionByte)

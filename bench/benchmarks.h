@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStringList>
+
+namespace tambrix::bench {
+
+/// Cost of one exchange through the program's link and port against a plain write, poll and read
+/// of the same bytes on the same pseudo-terminal, in turns.
+void exchangeCost();
+
+/// Share of the time that the wire itself needs in the time that 200 mixed register reads take,
+/// against the board paced at 9600 and 19200.
+void wireEfficiency();
+
+/// Share of the time that the wire itself needs in the time that the records of a 32 KiB program
+/// take, at 9600 and 19200, and the longest time for which events were not served meanwhile.
+void programDownload();
+
+/// Start, processor use, memory and longest unserved event of the program's window on line at
+/// 9600 and off line. Runs in a process of its own.
+void windowCost(const QString& program);
+
+/// That process: serves `device`; `started` is when it was started, on the monotonic clock in ns.
+int windowProcess(int argc, char* argv[], const QString& device, qint64 started);
+
+} // namespace tambrix::bench

@@ -1,0 +1,45 @@
+#include "bench/benchmarks.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <exception>
+
+using namespace tambrix::bench;
+
+namespace {
+
+int runBenchmarks(const QStringList& arguments)
+{
+    const QStringList chosen = arguments.mid(1);
+    const auto wanted = [&](const char* name) {
+        return chosen.isEmpty() || chosen.contains(QLatin1String(name));
+    };
+    try {
+        if (wanted("exchange"))
+            exchangeCost();
+        if (wanted("wire"))
+            wireEfficiency();
+        if (wanted("download"))
+            programDownload();
+        if (wanted("window"))
+            windowCost(QCoreApplication::applicationFilePath());
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "tambrix_bench: %s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+/// tambrix_bench [exchange|wire|download|window]...
+int main(int argc, char* argv[])
+{
+    constexpr int kWindowArguments = 4;
+    if (argc == kWindowArguments && QLatin1String(argv[1]) == QLatin1String("--window-process"))
+        return windowProcess(argc, argv, QString::fromLocal8Bit(argv[2]),
+                             QByteArray(argv[3]).toLongLong());
+    const QCoreApplication application(argc, argv);
+    return runBenchmarks(QCoreApplication::arguments());
+}

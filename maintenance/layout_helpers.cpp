@@ -1,0 +1,32 @@
+#include "maintenance/layout_helpers.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace tambrix {
+
+QGroupBox* makeGroup(const QString& name, const QString& caption)
+{
+    auto* group = new QGroupBox(caption);
+    group->setObjectName(name);
+    return group;
+}
+
+QLabel* makeTextLabel(const QString& name, const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QPushButton* makeButton(const QString& name, const QString& caption)
+{
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+} // namespace tambrix

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace tambrix {
+
+/// One serial port that is on the machine now.
+struct MachinePort
+{
+    QString name;              ///< as the system calls it: "COM3", "ttyUSB0"
+    QString description;       ///< what the device says of itself; may be empty
+    std::optional<int> number; ///< the port number that means it, 1 to 99; empty: none does
+
+    bool operator==(const MachinePort&) const = default;
+};
+
+/// The port number that means the device `name`: 3 for "COM3", on other systems for "ttyS2".
+std::optional<int> serialPortNumber(const QString& name);
+
+/// The serial ports of the machine, those that can be chosen by number first.
+std::vector<MachinePort> machinePorts();
+
+} // namespace tambrix

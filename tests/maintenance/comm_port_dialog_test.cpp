@@ -1,0 +1,179 @@
+#include "maintenance/comm_port_dialog.h"
+
+#include "shell/numeric_entry_field.h"
+#include "tests/support/maintenance_rig.h"
+
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimerEvent>
+
+using namespace tambrix;
+
+namespace {
+
+struct DialogRig : MaintenanceRig
+{
+    std::vector<MachinePort> machine = {{"COM3", "USB adapter", 3}, {"ttyUSB0", "", std::nullopt}};
+    std::unique_ptr<CommPortDialog> dialog;
+
+    void show()
+    {
+        dialog = std::make_unique<CommPortDialog>(state, nullptr, [this] { return machine; });
+        dialog->show();
+        turns(3);
+    }
+
+    NumericEntryField& number() { return controlOf<NumericEntryField>(*dialog, "txtCommPort"); }
+    QRadioButton& speed(const char* name) { return controlOf<QRadioButton>(*dialog, name); }
+    QListWidget& list() { return controlOf<QListWidget>(*dialog, "lstMachinePorts"); }
+    void save() { controlOf<QPushButton>(*dialog, "cmdSave").click(); }
+    QByteArray settings() const { return content("Support/RSPort.cfg"); }
+};
+
+struct LoadCase
+{
+    const char* name;
+    const char* file; ///< none: missing
+    const char* port;
+    bool fast;
+};
+
+class Loading : public testing::TestWithParam<LoadCase>
+{
+};
+
+} // namespace
+
+TEST_P(Loading, ShowsTheSettingsFileAndLeavesIt)
+{
+    DialogRig rig;
+    if (GetParam().file != nullptr)
+        rig.write("Support/RSPort.cfg", GetParam().file);
+    rig.show();
+    EXPECT_EQ(rig.number().text(), GetParam().port);
+    EXPECT_EQ(rig.speed("optPortSpeed(1)").isChecked(), GetParam().fast);
+    EXPECT_EQ(rig.speed("optPortSpeed(0)").isChecked(), !GetParam().fast);
+    controlOf<QPushButton>(*rig.dialog, "cmdCancel").click();
+    EXPECT_FALSE(rig.dialog->isVisible());
+    EXPECT_EQ(rig.settings(), GetParam().file == nullptr ? "" : GetParam().file);
+    EXPECT_TRUE(rig.person.boxes.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Loading,
+                         testing::Values(LoadCase{"Missing", nullptr, "1", false},
+                                         LoadCase{"Empty", "", "1", false},
+                                         LoadCase{"Fast", "3,19200\r\n", "3", true},
+                                         LoadCase{"Slow", "12,9600\r\n", "12", false},
+                                         LoadCase{"PortTooHigh", "120,19200\r\n", "99", true},
+                                         LoadCase{"OtherSpeed", "7,4800\r\n", "7", false}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(CommPortDialog, SavesForTheProgramAndForEveryToolThatIsThere)
+{
+    DialogRig rig;
+    rig.write("FNX51/FENNIX.SFG", "17 and more\r\n");
+    QDir(rig.folder.path()).mkdir("PLS51");
+    rig.show();
+    rig.number().setText("3");
+    rig.speed("optPortSpeed(1)").setChecked(true);
+    rig.save();
+    EXPECT_EQ(rig.settings(), "3,19200\r\n");
+    EXPECT_EQ(rig.content("FNX51/FENNIX.SFG"), "2\r\n");
+    EXPECT_EQ(rig.content("PLS51/FENNIX.SFG"), "2\r\n");
+    EXPECT_FALSE(QFile::exists(rig.folder.filePath("FNX96")));
+    EXPECT_FALSE(rig.dialog->isVisible());
+    EXPECT_FALSE(rig.port.isOpen());
+    EXPECT_FALSE(rig.state.gLink.OnlineMode);
+}
+
+TEST(CommPortDialog, OnLineTheLinkIsOpenedWithTheNewSettings)
+{
+    DialogRig rig;
+    rig.line.setBaud(0);
+    rig.goOnline();
+    rig.show();
+    rig.number().setText("4");
+    rig.save();
+    EXPECT_TRUE(rig.state.gLink.OnlineMode);
+    EXPECT_EQ(rig.port.portNumber(), 4);
+    EXPECT_FALSE(rig.dialog->isVisible());
+}
+
+TEST(CommPortDialog, StaysOpenWhereNoBoardAnswers)
+{
+    DialogRig rig;
+    rig.goOnline();
+    rig.board.setPowered(false);
+    rig.state.gLink.CommError = true; // as the poll has found it
+    rig.show();
+    rig.save();
+    EXPECT_TRUE(rig.dialog->isVisible());
+    EXPECT_FALSE(rig.state.gLink.OnlineMode);
+    EXPECT_EQ(rig.lastTitle(), "WARNING - Communication Error!");
+    rig.board.setPowered(true);
+    rig.save();
+    EXPECT_FALSE(rig.dialog->isVisible());
+    EXPECT_TRUE(rig.state.gLink.OnlineMode);
+}
+
+TEST(CommPortDialog, ANumberOutOfRangeIsRefused)
+{
+    for (const char* typed : {"0", "100", "abc"}) {
+        DialogRig rig;
+        rig.show();
+        rig.number().setFocus();
+        PressRig::turns(5);
+        QTest::keyClicks(&rig.number(), typed);
+        rig.save();
+        EXPECT_TRUE(rig.eventually([&] { return !rig.person.boxes.empty(); }));
+        EXPECT_EQ(rig.person.boxes.size(), 1u);
+        EXPECT_EQ(rig.lastTitle(), "Comm Port");
+        EXPECT_EQ(rig.lastText(), "Only a Number Between 1 and 99 can be Entered");
+        EXPECT_EQ(rig.settings(), "");
+        EXPECT_TRUE(rig.dialog->isVisible());
+    }
+}
+
+TEST(CommPortDialog, AFileThatCannotBeWrittenIsNamedAndNothingFollows)
+{
+    DialogRig rig;
+    QDir(rig.folder.path()).mkpath("Support/RSPort.cfg/in-the-way");
+    QDir(rig.folder.path()).mkdir("FNX51");
+    rig.show();
+    rig.save();
+    ASSERT_EQ(rig.person.boxes.size(), 1u);
+    EXPECT_EQ(rig.person.boxes[0].icon, BoxIcon::Critical);
+    EXPECT_EQ(rig.lastTitle(), "Comm Port");
+    EXPECT_NE(rig.lastText().find("RSPort.cfg"), std::string::npos);
+    EXPECT_FALSE(QFile::exists(rig.folder.filePath("FNX51/FENNIX.SFG")));
+    EXPECT_TRUE(rig.dialog->isVisible());
+}
+
+TEST(CommPortDialog, NamesThePortsOfTheMachineAndTakesTheOneChosen)
+{
+    DialogRig rig;
+    rig.show();
+    ASSERT_EQ(rig.list().count(), 2);
+    EXPECT_EQ(rig.list().item(0)->text(), "3: COM3, USB adapter");
+    EXPECT_EQ(rig.list().item(1)->text(), "-: ttyUSB0");
+    EXPECT_FALSE(rig.list().item(1)->flags().testFlag(Qt::ItemIsEnabled));
+    QTest::mouseClick(rig.list().viewport(), Qt::LeftButton, {},
+                      rig.list().visualItemRect(rig.list().item(0)).center());
+    EXPECT_EQ(rig.number().text(), "3");
+}
+
+TEST(CommPortDialog, RenewsTheListWhileItIsOpen)
+{
+    DialogRig rig;
+    rig.show();
+    rig.machine.clear();
+    QTimerEvent second(1);
+    QCoreApplication::sendEvent(rig.dialog.get(), &second);
+    ASSERT_EQ(rig.list().count(), 1);
+    EXPECT_EQ(rig.list().item(0)->text(), "No serial port found");
+    rig.machine = {{"COM12", "Port of a new adapter", 12}};
+    QCoreApplication::sendEvent(rig.dialog.get(), &second);
+    EXPECT_EQ(rig.list().item(0)->text(), "12: COM12, Port of a new adapter");
+}

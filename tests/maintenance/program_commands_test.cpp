@@ -1,0 +1,157 @@
+#include "maintenance/program_commands.h"
+
+#include "maintenance/program_download_window.h"
+#include "tests/support/maintenance_rig.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QTimerEvent>
+
+using namespace tambrix;
+
+namespace {
+
+struct CommandRig : MaintenanceRig
+{
+    QWidget mainWindow;
+    QTimer poll;
+    ProgramCommands commands{state, mainWindow, poll};
+    bool pollStopped = false; ///< while the confirmation of the transfer was shown
+
+    CommandRig()
+    {
+        poll.start(500);
+        person.whileShown = [this] { pollStopped = pollStopped || !poll.isActive(); };
+    }
+
+    bool boardHoldsProgram()
+    {
+        const auto expected = SampleProgram().bytes();
+        for (std::uint16_t i = 0; i < 40; ++i) {
+            if (board.program().bytes.byte(i) != expected[i])
+                return false;
+        }
+        return board.peek(61433) == 4;
+    }
+};
+
+} // namespace
+
+TEST(DownloadProgram, LoadsThePickedProgramOnLine)
+{
+    CommandRig rig;
+    rig.goOnline();
+    rig.person.chosenFiles = {rig.writeProgram()};
+    rig.person.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
+    rig.commands.downloadProgram();
+    ASSERT_EQ(rig.person.openQuestions.size(), 1u);
+    EXPECT_EQ(rig.person.openQuestions[0].filter, "Fennix Files(*.fnx)|*.fnx|");
+    EXPECT_EQ(QDir(rig.person.openQuestions[0].folder), QDir(rig.folder.path()));
+    EXPECT_EQ(rig.person.openQuestions[0].name, "");
+    ASSERT_EQ(rig.person.boxes.size(), 3u);
+    EXPECT_EQ(rig.person.boxes[0].title, "Program Download");
+    EXPECT_EQ(rig.person.boxes[0].icon, BoxIcon::Question);
+    EXPECT_EQ(rig.person.boxes[0].text, "You are about to download \"DUCTCTR2\" to the Q900.\r\n"
+                                        "\r\nDo you wish to continue?");
+    EXPECT_EQ(rig.lastText(), "Program Download Complete!");
+    EXPECT_TRUE(rig.boardHoldsProgram());
+    EXPECT_TRUE(rig.pollStopped);
+    EXPECT_TRUE(rig.poll.isActive());
+    EXPECT_TRUE(rig.state.gLink.OnlineMode);
+    EXPECT_EQ(rig.state.gProgramFilePath, rig.folder.filePath("ink.fnx"));
+}
+
+TEST(DownloadProgram, EveryRefusalEndsIt)
+{
+    struct Refusal
+    {
+        bool online;
+        std::deque<BoxAnswer> answers;
+        bool pick;
+        std::size_t boxes;
+    };
+    const Refusal refusals[] = {
+        {false, {BoxAnswer::No}, true, 1},                 // stays off line
+        {true, {}, false, 0},                              // file dialog cancelled
+        {true, {BoxAnswer::No}, true, 1},                  // not this program
+        {false, {BoxAnswer::Yes, BoxAnswer::No}, true, 2}, // on line, but not this program
+        {true, {BoxAnswer::Yes, BoxAnswer::No}, true, 3}}; // halted at the comparison
+    for (const Refusal& refusal : refusals) {
+        CommandRig rig;
+        if (refusal.online)
+            rig.goOnline();
+        if (refusal.pick)
+            rig.person.chosenFiles = {rig.writeProgram()};
+        rig.person.answers = refusal.answers;
+        rig.commands.downloadProgram();
+        EXPECT_EQ(rig.person.boxes.size(), refusal.boxes);
+        EXPECT_EQ(rig.board.program().recordsTaken, 0u);
+        EXPECT_TRUE(rig.poll.isActive());
+    }
+}
+
+TEST(DownloadProgram, OffLineAsksFirst)
+{
+    CommandRig rig;
+    rig.commands.downloadProgram();
+    ASSERT_EQ(rig.person.boxes.size(), 1u);
+    EXPECT_EQ(rig.lastTitle(), "Program Offline");
+    EXPECT_EQ(rig.lastText(), "Program is Currently OFFLINE\r\n\r\n"
+                              "Do You Wish to Switch to ONLINE MODE to Continue?");
+    EXPECT_TRUE(rig.person.openQuestions.empty());
+}
+
+TEST(DownloadProgram, AnInvalidSetStopsWithItsOwnMessage)
+{
+    CommandRig rig;
+    rig.goOnline();
+    rig.person.chosenFiles = {rig.writeProgram('E')};
+    rig.commands.downloadProgram();
+    ASSERT_EQ(rig.person.boxes.size(), 1u);
+    EXPECT_EQ(rig.lastTitle(), "PLS Program Download");
+}
+
+TEST(ProgramDownloadWindow, ShowsWhereTheTransferStandsAndCannotBeClosed)
+{
+    CommandRig rig;
+    rig.goOnline();
+    const QString file = rig.writeProgram();
+    rig.state.gLink.DownloadFile(QFileInfo(file).filesystemAbsoluteFilePath());
+    rig.person.answers = {BoxAnswer::Yes};
+    ProgramDownloadWindow window(rig.state);
+    auto& label = controlOf<QLabel>(window, "lblWaitDisplay");
+    EXPECT_EQ(label.text(), "Sending Program at Address: 0000H");
+    auto& timer = controlOf<QTimer>(window, "Timer1");
+    QStringList progress;
+    rig.line.setTap([&](const WireByte&) {
+        window.reject();
+        QTimerEvent tick(timer.timerId()); // by hand: no real time passes here
+        QCoreApplication::sendEvent(&timer, &tick);
+        if (progress.isEmpty() || progress.back() != label.text())
+            progress += label.text();
+    });
+    window.exec();
+    EXPECT_EQ(rig.lastText(), "Program Download Complete!");
+    EXPECT_TRUE(progress.contains("Writing to Program Address: 0010H"));
+    EXPECT_EQ(progress.back(), "Writing Program Ident ... ");
+}
+
+TEST(TargetBoardCommand, OpensTheWindowForThePickedFileAlsoOffLine)
+{
+    CommandRig rig;
+    rig.person.chosenFiles = {rig.writeProgram()};
+    QTimer::singleShot(0, [] {
+        QWidget* window = QApplication::activeModalWidget();
+        ASSERT_NE(window, nullptr);
+        EXPECT_EQ(window->objectName(), "frmTargetBoard");
+        EXPECT_EQ(controlOf<QLabel>(*window, "lblRevIdentOnDisk(0)").text(), "DUCTCTR2");
+        controlOf<QPushButton>(*window, "cmdOk").click();
+    });
+    rig.commands.showTargetBoard();
+    EXPECT_TRUE(rig.person.boxes.empty());
+    EXPECT_EQ(rig.state.gProgramFilePath, rig.folder.filePath("ink.fnx"));
+    rig.commands.showTargetBoard(); // cancelled: nothing happens, the folder is remembered
+    EXPECT_EQ(QDir(rig.person.openQuestions[1].folder), QDir(rig.folder.path()));
+}

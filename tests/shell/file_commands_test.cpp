@@ -1,0 +1,347 @@
+#include "shell/file_commands.h"
+
+#include "shell/file_drop.h"
+#include "shell/main_window.h"
+#include "shell/setup_file.h"
+#include "shell/whole_file.h"
+#include "tests/support/press_rig.h"
+
+#include <QAction>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace tambrix {
+namespace {
+
+struct FileCommandsTest : testing::Test
+{
+    PressRig rig;
+    MainWindow window{rig.state, {}, {}};
+    FileCommands& files = window.files();
+    ProgramState& state = rig.state;
+    ScriptedPrompts& person = rig.person;
+
+    QString path(const char* name) const { return rig.folder.filePath(name); }
+
+    void pick(const char* menuItem) { window.findChild<QAction*>(menuItem)->trigger(); }
+
+    /// Answers the coming boxes, and the file dialogs.
+    void willAnswer(std::initializer_list<BoxAnswer> answers, std::initializer_list<QString> chosen)
+    {
+        person.answers.assign(answers);
+        person.chosenFiles.assign(chosen);
+        person.boxes.clear();
+    }
+
+    void edit(std::size_t entry, int value) { state.gWorkingData.Value[entry] = value; }
+
+    /// A file that some press saved.
+    QString fileWith(const char* name, const SetupDataRecord& record) const
+    {
+        EXPECT_FALSE(writeWholeFile(path(name), QByteArray::fromStdString(setupFileBytes(record))));
+        return path(name);
+    }
+
+    SetupDataRecord otherData() const
+    {
+        SetupDataRecord record = state.gDefaultData;
+        record.Value[14] = 77;
+        record.Address[14] = "B4000";
+        return record;
+    }
+
+    SetupDataRecord inFile(const QString& file) const
+    {
+        const auto content = readSetupFile(readWholeFile(file, 1 << 20).value().toStdString());
+        return std::get<SetupDataRecord>(content);
+    }
+
+    std::vector<std::string> texts() const
+    {
+        std::vector<std::string> all;
+        for (const MessageBox& box : person.boxes)
+            all.push_back(box.title + ": " + box.text);
+        return all;
+    }
+
+    const std::vector<std::string> saveQuestion = {"TAMBRIX: Save Changes to File?"};
+};
+
+TEST_F(FileCommandsTest, SaveRightAfterStartUpAsksForAName)
+{
+    willAnswer({}, {path("press 1.sdt")});
+    pick("mnuFileSave");
+    ASSERT_EQ(person.saveQuestions.size(), 1U);
+    const FileQuestion& asked = person.saveQuestions[0];
+    EXPECT_EQ(asked.filter, "Setup Files(*.sdt)|*.sdt|");
+    EXPECT_EQ(asked.folder, rig.folder.path());
+    EXPECT_EQ(asked.name, "");
+    EXPECT_EQ(asked.suffix, "sdt");
+    EXPECT_EQ(window.windowTitle(), "TAMBRIX - [press 1.sdt]");
+    EXPECT_EQ(inFile(path("press 1.sdt")), state.gDefaultData);
+    EXPECT_FALSE(state.gUntitled);
+    EXPECT_TRUE(person.boxes.empty());
+}
+
+TEST_F(FileCommandsTest, SaveWritesTheProgramsVersionAndRemembersWhatIsSaved)
+{
+    willAnswer({}, {path("a.sdt")});
+    edit(8, 444);
+    state.gWorkingData.Version = "TAMBRIX_R0.9.0";
+    pick("mnuFileSaveAs");
+    EXPECT_EQ(inFile(path("a.sdt")).Version, state.gProgramVersion);
+    EXPECT_FALSE(state.hasUnsavedChanges());
+    edit(8, 445);
+    pick("mnuFileSave"); // has its name now
+    EXPECT_EQ(person.saveQuestions.size(), 1U);
+    EXPECT_EQ(inFile(path("a.sdt")).Value[8], 445);
+    EXPECT_EQ(state.gSavedData, state.gWorkingData);
+}
+
+TEST_F(FileCommandsTest, SavedFileOpensWithoutAQuestion)
+{
+    const QString file = fileWith("a.sdt", otherData());
+    willAnswer({}, {file});
+    pick("mnuFileOpen");
+    ASSERT_EQ(person.openQuestions.size(), 1U);
+    EXPECT_EQ(person.openQuestions[0].filter, "Setup Files(*.sdt)|*.sdt|");
+    EXPECT_EQ(person.openQuestions[0].folder, rig.folder.path());
+    EXPECT_EQ(person.openQuestions[0].name, "*.sdt");
+    EXPECT_TRUE(person.boxes.empty());
+    EXPECT_EQ(state.gWorkingData, otherData());
+    EXPECT_EQ(state.gSavedData, otherData());
+    EXPECT_EQ(state.gFileNamePath, file);
+    EXPECT_EQ(state.gUploadNOW.date(), QDate::currentDate());
+    EXPECT_FALSE(state.gUntitled);
+    EXPECT_EQ(window.windowTitle(), "TAMBRIX - [a.sdt]");
+    pick("mnuFileNew");
+    EXPECT_EQ(state.gWorkingData, state.gDefaultData);
+    EXPECT_TRUE(state.gUntitled);
+    EXPECT_EQ(window.windowTitle(), "TAMBRIX - [unnamed]");
+}
+
+TEST_F(FileCommandsTest, AnotherVersionIsTakenOnlyAfterAQuestion)
+{
+    SetupDataRecord old = otherData();
+    old.Version = "TAMBRIX_R0.\xE9";
+    old.Address.resize(1000);
+    old.Value.resize(1000);
+    const QString file = fileWith("old.sdt", old);
+    const std::vector<std::string> question = {
+        "TAMBRIX: File created by set-up program version: TAMBRIX_R0.\u00E9\r\n"
+        "Data tables may not be properly aligned.\r\n\r\nDo you wish to continue?"};
+
+    willAnswer({BoxAnswer::Cancel}, {file});
+    pick("mnuFileOpen");
+    EXPECT_EQ(texts(), question);
+    EXPECT_EQ(person.boxes[0].buttons, BoxButtons::YesNoCancel);
+    EXPECT_EQ(person.boxes[0].icon, BoxIcon::Question);
+    EXPECT_EQ(state.gWorkingData, state.gDefaultData);
+    EXPECT_TRUE(state.gUntitled);
+    EXPECT_EQ(state.gFileNameTitle, "old.sdt");
+
+    willAnswer({BoxAnswer::No}, {file}); // starts again; then the dialog is cancelled
+    person.openQuestions.clear();
+    pick("mnuFileOpen");
+    EXPECT_EQ(person.openQuestions.size(), 2U);
+    EXPECT_EQ(state.gWorkingData, state.gDefaultData);
+
+    willAnswer({BoxAnswer::Yes}, {file});
+    pick("mnuFileOpen");
+    EXPECT_EQ(state.gWorkingData.Version, old.Version);
+    ASSERT_EQ(state.gWorkingData.Value.size(), 1614U);
+    EXPECT_EQ(state.gWorkingData.Value[14], 77);
+    EXPECT_EQ(state.gWorkingData.Address[999], old.Address[999]);
+    EXPECT_EQ(state.gWorkingData.Address[1000], "");
+    EXPECT_EQ(state.gWorkingData.Value[1613], 0);
+    EXPECT_TRUE(state.hasUnsavedChanges()) << "its version is not this program's";
+}
+
+TEST_F(FileCommandsTest, LongerFileIsCut)
+{
+    SetupDataRecord longer = otherData();
+    longer.Address.resize(2000, "W9");
+    longer.Value.resize(3000, 9);
+    files.openFile(fileWith("long.sdt", longer));
+    EXPECT_EQ(state.gWorkingData, otherData());
+}
+
+TEST_F(FileCommandsTest, FileThatIsNoneChangesNothingAndIsNotMentioned)
+{
+    QFile(path("bad.sdt")).open(QIODevice::WriteOnly);
+    QDir(rig.folder.path()).mkdir("folder.sdt");
+    for (const char* name : {"bad.sdt", "folder.sdt", "missing.sdt"}) {
+        willAnswer({}, {path(name)});
+        pick("mnuFileOpen");
+        EXPECT_TRUE(person.boxes.empty()) << name;
+        EXPECT_EQ(state.gWorkingData, state.gDefaultData) << name;
+        EXPECT_EQ(state.gFileNameTitle, "") << name;
+        EXPECT_FALSE(state.gUploadNOW.isValid()) << name;
+    }
+}
+
+TEST_F(FileCommandsTest, FailedSaveSaysWhyAndChangesNothing)
+{
+    files.openFile(fileWith("a.sdt", otherData()));
+    state.gFileNamePath = path("gone/a.sdt");
+    edit(9, 1);
+    state.gWorkingData.Version = "TAMBRIX_R0.9.0";
+    const SetupDataRecord edited = state.gWorkingData;
+    pick("mnuFileSave");
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_EQ(person.boxes[0].title, "TAMBRIX");
+    EXPECT_EQ(person.boxes[0].icon, BoxIcon::Warning);
+    EXPECT_TRUE(person.boxes[0].text.starts_with("Cannot Save File\r\n" +
+                                                 path("gone/a.sdt").toStdString() + "\r\n\r\n"));
+    EXPECT_EQ(state.gWorkingData, edited);
+    EXPECT_EQ(state.gSavedData, otherData());
+    EXPECT_EQ(inFile(path("a.sdt")), otherData());
+}
+
+TEST_F(FileCommandsTest, FailedSaveAsAndExportAreNotMentioned)
+{
+    edit(9, 1);
+    willAnswer({}, {path("gone/a.sdt"), path("gone/a.txt")});
+    pick("mnuFileSaveAs");
+    pick("mnuFileExport");
+    EXPECT_TRUE(person.boxes.empty());
+    EXPECT_TRUE(state.hasUnsavedChanges());
+    EXPECT_EQ(window.windowTitle(), "TAMBRIX - [unnamed]");
+}
+
+TEST_F(FileCommandsTest, CancelledDialogsChangeNothing)
+{
+    for (const char* item : {"mnuFileSaveAs", "mnuFileOpen", "mnuFileExport"})
+        pick(item);
+    EXPECT_TRUE(state.gUntitled);
+    EXPECT_EQ(state.gFileNamePath, rig.folder.filePath("*.sdt"));
+    EXPECT_EQ(state.gFileExportPath, "");
+}
+
+/// What becomes of unsaved changes when New, Open or Exit would drop them.
+struct DropCase
+{
+    const char* what;
+    BoxAnswer answer;
+    const char* saveAs; ///< where the data go; empty: the save dialog is cancelled
+    bool dropped;
+};
+
+TEST_F(FileCommandsTest, UnsavedDataAreDroppedOnlyWhenSavedOrOnRequest)
+{
+    const DropCase cases[] = {{"cancel", BoxAnswer::Cancel, "x.sdt", false},
+                              {"no", BoxAnswer::No, "x.sdt", true},
+                              {"yes", BoxAnswer::Yes, "x.sdt", true},
+                              {"yes, but no name", BoxAnswer::Yes, "", false},
+                              {"yes, but the disk refuses", BoxAnswer::Yes, "gone/x.sdt", false}};
+    const QString other = fileWith("other.sdt", otherData());
+    for (const DropCase& c : cases) {
+        for (const char* item : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"}) {
+            state.InitSetupData();
+            edit(8, 4321);
+            window.show();
+            willAnswer({c.answer}, {});
+            if (c.answer == BoxAnswer::Yes && *c.saveAs != '\0')
+                person.chosenFiles.push_back(path(c.saveAs));
+            person.chosenFiles.push_back(other);
+            if (*c.saveAs == '\0')
+                person.chosenFiles.clear();
+            pick(item);
+            EXPECT_EQ(texts(), saveQuestion) << c.what << item;
+            EXPECT_EQ(person.boxes[0].icon, BoxIcon::Warning);
+            const bool stillThere = state.gWorkingData.Value[8] == 4321;
+            const bool gone =
+                item == std::string("mnuFileExit") ? !window.isVisible() : !stillThere;
+            EXPECT_EQ(gone, c.dropped) << c.what << item;
+            if (c.answer == BoxAnswer::Yes && c.dropped) {
+                EXPECT_EQ(inFile(path(c.saveAs)).Value[8], 4321) << item;
+            }
+        }
+    }
+}
+
+TEST_F(FileCommandsTest, ExportsTheShiftCounts)
+{
+    const auto lines = [](const QByteArray& title, const QByteArray& date) {
+        return title + "\r\nDate: " + date +
+               "\r\n \r\nCycling Counts (1-8):\r\n"
+               " 0\r\n 1234\r\n-5\r\n 0\r\n 0\r\n 0\r\n 0\r\n 655359999\r\n";
+    };
+    edit(1, 1234);
+    edit(2, -5);
+    edit(7, 655359999);
+    willAnswer({}, {path("out.txt"), path("out.txt")});
+    pick("mnuFileExport");
+    EXPECT_EQ(readWholeFile(path("out.txt"), 1000), lines("untitled", ""));
+    state.gFileNameTitle = "press 1.sdt";
+    state.gUploadNOW = QDate(2026, 2, 28).startOfDay();
+    pick("mnuFileExport");
+    EXPECT_EQ(readWholeFile(path("out.txt"), 1000), lines("press 1.sdt", "28 Feb 2026"));
+    EXPECT_EQ(person.saveQuestions[0].filter, "Text Files(*.txt)|*.txt|");
+    EXPECT_EQ(person.saveQuestions[0].folder, rig.folder.path());
+    EXPECT_EQ(person.saveQuestions[0].name, "");
+    EXPECT_EQ(person.saveQuestions[1].name, "out.txt");
+    EXPECT_EQ(state.gFileExportPath, path("out.txt"));
+}
+
+TEST_F(FileCommandsTest, RecentFilesAskTheSameQuestions)
+{
+    const QString ini = path("recent.ini");
+    files.recent().keepIn(ini);
+    files.openFile(fileWith("a.sdt", otherData()));
+    files.openFile(fileWith("b.sdt", otherData()));
+    files.openFile(path("a.sdt"));
+    EXPECT_EQ(files.recent().paths(), QStringList({path("a.sdt"), path("b.sdt")}));
+    EXPECT_EQ(window.findChild<QAction*>("mnuFileRecent(1)")->text(),
+              "&2 " + QDir::toNativeSeparators(path("b.sdt")));
+
+    edit(8, 4321);
+    willAnswer({BoxAnswer::Cancel}, {});
+    pick("mnuFileRecent(1)");
+    EXPECT_EQ(texts(), saveQuestion);
+    EXPECT_EQ(state.gWorkingData.Value[8], 4321);
+
+    QFile::remove(path("b.sdt"));
+    willAnswer({BoxAnswer::No}, {});
+    pick("mnuFileRecent(1)");
+    RecentFiles nextRun;
+    nextRun.keepIn(ini);
+    EXPECT_EQ(nextRun.paths(), QStringList({path("a.sdt")})) << "a file that is gone is dropped";
+    for (int i = 0; i < 10; ++i)
+        nextRun.add(QString::number(i));
+    EXPECT_EQ(nextRun.paths().size(), RecentFiles::kMost);
+}
+
+TEST_F(FileCommandsTest, DroppedFileIsOpened)
+{
+    QMimeData drag;
+    drag.setUrls({QUrl::fromLocalFile(fileWith("A.SDT", otherData()))});
+    QDragEnterEvent enter({}, Qt::CopyAction, &drag, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({}, Qt::CopyAction, &drag, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &drop);
+    EXPECT_TRUE(drop.isAccepted());
+    EXPECT_EQ(state.gWorkingData, state.gDefaultData) << "not before the drag is over";
+    EXPECT_TRUE(PressRig::eventually([this] { return state.gWorkingData == otherData(); }));
+}
+
+TEST(FileDrop, TakesOneSetupFileOnly)
+{
+    const auto dragged = [](const QStringList& urls) {
+        QMimeData data;
+        data.setUrls(QUrl::fromStringList(urls));
+        return draggedSetupFile(data);
+    };
+    EXPECT_EQ(dragged({"file:///press/a.sdt"}), "/press/a.sdt");
+    EXPECT_EQ(dragged({"file:///press/a.txt"}), "");
+    EXPECT_EQ(dragged({"file:///press/a.sdt", "file:///press/b.sdt"}), "");
+    EXPECT_EQ(dragged({"https://press/a.sdt"}), "");
+    EXPECT_EQ(dragged({}), "");
+}
+
+} // namespace
+} // namespace tambrix

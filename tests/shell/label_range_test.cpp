@@ -1,0 +1,84 @@
+#include "shell/label_range_dialog.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+TEST(LabelRange, BringsTypedBoundsIntoRange)
+{
+    struct Case
+    {
+        const char* from;
+        const char* to;
+        LabelRange range;
+    };
+    const Case cases[] = {
+        {"5", "5", {5, 5, false}},       {"10", "5", {10, 10, false}},
+        {"0.6", "3", {1, 3, false}},     {" 7 ", "12 ", {7, 12, false}},
+        {"2.5", "3.5", {2, 4, false}},   {"150", "120", {99, 99, false}},
+        {"-5", "-9", {0, 0, false}},     {"-5", "200", {0, 99, false}},
+        {"1e3", "1e9", {99, 99, false}}, {"1e300", "3", {99, 99, false}},
+        {"12", "", {12, 99, true}},      {"", "12", {0, 12, true}},
+        {"x", "y", {0, 99, true}},       {"nan", "inf", {0, 99, true}},
+        {"1 2", "12a", {0, 99, true}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(labelsBetween(c.from, c.to), c.range) << c.from << " to " << c.to;
+}
+
+struct LabelRangeDialogTest : testing::Test
+{
+    LabelRangeDialog dialog;
+
+    LabelRangeDialogTest() { dialog.show(); }
+
+    template <typename Control> Control& control(const char* name) const
+    {
+        return *dialog.findChild<Control*>(QLatin1String(name));
+    }
+    QLineEdit& from() const { return control<QLineEdit>("txtLabels(0)"); }
+    QLineEdit& to() const { return control<QLineEdit>("txtLabels(1)"); }
+    QRadioButton& ownRange() const { return control<QRadioButton>("optLabels(1)"); }
+};
+
+TEST_F(LabelRangeDialogTest, AllLabelsWhateverTheBoxesHold)
+{
+    EXPECT_EQ(dialog.windowTitle(), "Label Range");
+    from().setText("7");
+    to().setText("x");
+    control<QPushButton>("cmdOk").click();
+    EXPECT_EQ(dialog.range(), kAllLabels);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(LabelRangeDialogTest, CancelLeavesNoRange)
+{
+    ownRange().click();
+    from().setText("7");
+    to().setText("8");
+    control<QPushButton>("cmdCancel").click();
+    EXPECT_EQ(dialog.range(), (LabelRange{0, 0, true}));
+}
+
+TEST_F(LabelRangeDialogTest, TypingABoundMeansAnOwnRange)
+{
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    ownRange().click();
+    EXPECT_TRUE(from().hasFocus());
+    control<QRadioButton>("optLabels(0)").click();
+    to().setFocus();
+    EXPECT_TRUE(ownRange().isChecked());
+    from().setFocus();
+    QTest::keyClicks(&from(), "12");
+    QTest::keyClick(&from(), Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(to().hasFocus());
+    QTest::keyClicks(&to(), "15");
+    control<QPushButton>("cmdOk").click();
+    EXPECT_EQ(dialog.range(), (LabelRange{12, 15, false}));
+}

@@ -1,0 +1,271 @@
+#include "shell/transfer_commands.h"
+
+#include "shell/label_range_dialog.h"
+#include "shell/processing_dialog.h"
+#include "tests/support/board_bytes.h"
+#include "tests/support/modal_watch.h"
+#include "tests/support/window_rig.h"
+
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+namespace {
+
+constexpr int kSeldom = 3'600'000; // ms; keeps the poll's bytes out of a trace
+
+struct TransferCommands : testing::Test
+{
+    WindowRig rig;
+    ProgramState& state = rig.state;
+    ScriptedPrompts& person = rig.person;
+    std::vector<std::uint8_t> sent; ///< bytes to the board
+
+    TransferCommands()
+    {
+        rig.window->backgroundPoll().setInterval(kSeldom);
+        rig.board.press().stop();
+    }
+
+    /// On line, with the Main Display at rest, and an empty trace.
+    void onlineQuietly()
+    {
+        rig.goOnline();
+        rig.line.setTap([this](const WireByte& wire) {
+            if (wire.direction == WireByte::Direction::ToBoard &&
+                QApplication::activeModalWidget() != nullptr)
+                sent.push_back(wire.byte);
+        });
+    }
+
+    void pick(const char* item, std::initializer_list<BoxAnswer> answers = {BoxAnswer::Yes})
+    {
+        person.boxes.clear();
+        person.answers.assign(answers);
+        rig.item(item).trigger();
+    }
+
+    std::vector<std::string> texts() const
+    {
+        std::vector<std::string> all;
+        for (const MessageBox& box : person.boxes)
+            all.push_back(box.title + ": " + box.text);
+        return all;
+    }
+
+    /// Counts frames that read a byte: its address, high byte first.
+    int reads(std::uint8_t high, std::uint8_t low) const
+    {
+        int count = 0;
+        for (std::size_t i = 0; i + 1 < sent.size(); ++i)
+            count += sent[i] == high && sent[i + 1] == low;
+        return count;
+    }
+};
+
+const std::string kUploadQuestion =
+    "Data Upload: You are about to Upload Data from the PLC\r\n\r\nDo You Wish to Continue?";
+const std::string kDownloadQuestion =
+    "Data Download: You are about to Download Data to the PLC\r\n\r\nDo You Wish to Continue?";
+const std::string kOfflineQuestion = "Program Offline: Program is Currently OFFLINE\r\n\r\n"
+                                     "Do You Wish to Switch to ONLINE MODE to Continue?";
+const std::string kNotComplete = "TAMBRIX: Error Processing Request\r\n\r\nProcess Not Complete";
+
+template <typename Control> Control& control(const QWidget& window, const char* name)
+{
+    return *window.findChild<Control*>(QLatin1String(name));
+}
+
+void chooseLabels(LabelRangeDialog& dialog, const char* from, const char* to)
+{
+    control<QLineEdit>(dialog, "txtLabels(0)").setText(from);
+    control<QLineEdit>(dialog, "txtLabels(1)").setText(to);
+    control<QAbstractButton>(dialog, "optLabels(1)").click();
+    control<QPushButton>(dialog, "cmdOk").click();
+}
+
+} // namespace
+
+TEST_F(TransferCommands, UploadsTheSetupData)
+{
+    onlineQuietly();
+    rig.board.pokeWord(690, 321);
+    rig.board.poke(694, 0x81);
+    QString caption;
+    int maximum = 0;
+    const ModalWatch<ProcessingDialog> watch([&](const QWidget& dialog) {
+        caption = control<QLabel>(dialog, "lblProcessing").text();
+        maximum = control<QProgressBar>(dialog, "prgProcessing").maximum();
+    });
+    pick("mnuFileUpload(0)");
+    EXPECT_EQ(texts(), std::vector{kUploadQuestion});
+    EXPECT_EQ(person.boxes[0].buttons, BoxButtons::YesNo);
+    EXPECT_EQ(caption, "Uploading Set-up Data, Please Standby");
+    EXPECT_EQ(maximum, 6);
+    EXPECT_EQ(state.gWorkingData.Value[8], 321);
+    EXPECT_EQ(state.gWorkingData.Value[12], 0x81);
+    EXPECT_EQ(state.gUploadNOW.date(), QDate::currentDate());
+    EXPECT_TRUE(state.hasUnsavedChanges());
+}
+
+TEST_F(TransferCommands, SetupDownloadIsFiveWrites)
+{
+    onlineQuietly();
+    pick("mnuFileDownload(0)");
+    EXPECT_EQ(texts(), std::vector{kDownloadQuestion});
+    const std::vector<std::uint8_t> five = {0xFF, 0x02,                         // write mode
+                                            0x02, 0xB2, 0xF4, 0x02, 0xB3, 0x01, // W690 = 500
+                                            0x02, 0xB4, 200,                    // B692
+                                            0x03, 0xF5, 25,                     // B1013
+                                            0x03, 0xF6, 100,                    // B1014
+                                            0x02, 0xB6, 0};                     // B694
+    EXPECT_EQ(sent, five);
+    EXPECT_FALSE(state.gUploadNOW.isValid());
+}
+
+TEST_F(TransferCommands, UploadsChosenLabelsOnly)
+{
+    onlineQuietly();
+    for (std::uint16_t d = 0; d < 8; ++d) {
+        rig.board.poke(static_cast<std::uint16_t>(3250 + d), static_cast<std::uint8_t>(50 + d));
+        rig.board.pokeWord(static_cast<std::uint16_t>(3260 + 2 * d),
+                           static_cast<std::uint16_t>(1000 + d));
+    }
+    SetupDataRecord expected = state.gWorkingData;
+    for (int d = 0; d < 8; ++d) {
+        expected.Value[static_cast<std::size_t>(94 + d)] = 50 + d;
+        expected.Value[static_cast<std::size_t>(102 + d)] = 1000 + d;
+    }
+    const ModalWatch<LabelRangeDialog> range([](auto& dialog) { chooseLabels(dialog, "5", "5"); });
+    int maximum = 0;
+    const ModalWatch<ProcessingDialog> watch([&](const QWidget& dialog) {
+        maximum = control<QProgressBar>(dialog, "prgProcessing").maximum();
+    });
+    pick("mnuFileUpload(2)");
+    EXPECT_EQ(maximum, 17);
+    EXPECT_EQ(state.gWorkingData, expected);
+    EXPECT_EQ(state.report.firstLabel, 5);
+    EXPECT_EQ(state.transferRequest, 2);
+}
+
+TEST_F(TransferCommands, NoRangeNoTransfer)
+{
+    onlineQuietly();
+    const ModalWatch<LabelRangeDialog> range([](auto& dialog) { chooseLabels(dialog, "12", ""); });
+    pick("mnuFileDownload(2)");
+    EXPECT_TRUE(range.seen());
+    EXPECT_TRUE(sent.empty());
+    EXPECT_EQ(person.boxes.size(), 1U);
+}
+
+TEST_F(TransferCommands, AsksToGoOnline)
+{
+    const SetupDataRecord before = state.gWorkingData;
+    pick("mnuFileUpload(0)", {BoxAnswer::No});
+    EXPECT_EQ(texts(), std::vector{kUploadQuestion});
+    EXPECT_FALSE(state.gUploadNOW.isValid());
+    pick("mnuFileUpload(0)", {BoxAnswer::Yes, BoxAnswer::No});
+    EXPECT_EQ(texts(), (std::vector{kUploadQuestion, kOfflineQuestion}));
+    EXPECT_EQ(state.gWorkingData, before);
+    EXPECT_EQ(rig.line.exchanges(), 0U);
+    rig.board.pokeWord(690, 321);
+    pick("mnuFileUpload(0)", {BoxAnswer::Yes, BoxAnswer::Yes});
+    EXPECT_EQ(rig.mode(), "ONLINE");
+    EXPECT_EQ(state.gWorkingData.Value[8], 321);
+}
+
+TEST_F(TransferCommands, GoesOnIntoTheErrorWhenThePortIsMissing)
+{
+    rig.line.unplug();
+    pick("mnuFileDownload(1)", {BoxAnswer::Yes, BoxAnswer::Yes});
+    ASSERT_EQ(person.boxes.size(), 4U);
+    EXPECT_EQ(person.boxes[2].title, "Comm Port Error");
+    EXPECT_EQ(texts()[3], kNotComplete);
+    EXPECT_EQ(person.boxes[3].icon, BoxIcon::Warning);
+}
+
+TEST_F(TransferCommands, CancelKeepsWhatHasBeenTransferred)
+{
+    onlineQuietly();
+    for (std::uint16_t d = 0; d < 8; ++d) {
+        rig.board.pokeWord(static_cast<std::uint16_t>(940 + 4 * d),
+                           static_cast<std::uint16_t>(d + 1));
+        rig.board.pokeWord(static_cast<std::uint16_t>(942 + 4 * d), 0);
+    }
+    const ModalWatch<ProcessingDialog> watch([](QDialog& dialog) {
+        QObject::connect(&control<QProgressBar>(dialog, "prgProcessing"),
+                         &QProgressBar::valueChanged, &dialog, [&dialog](int done) {
+                             if (done == 3)
+                                 control<QPushButton>(dialog, "cmdCancel").click();
+                         });
+    });
+    pick("mnuFileUpload(1)");
+    EXPECT_EQ(texts(), std::vector{kUploadQuestion});
+    const std::vector<std::int32_t> counts(state.gWorkingData.Value.begin(),
+                                           state.gWorkingData.Value.begin() + 8);
+    EXPECT_EQ(counts, (std::vector<std::int32_t>{1, 2, 3, 0, 0, 0, 0, 0}));
+}
+
+TEST_F(TransferCommands, TellsWhenTheBoardGoesSilent)
+{
+    onlineQuietly();
+    const ModalWatch<ProcessingDialog> watch(
+        [this](const QWidget&) { rig.board.setPowered(false); });
+    pick("mnuFileUpload(1)");
+    ASSERT_EQ(person.boxes.size(), 3U);
+    EXPECT_EQ(person.boxes[1].title, "WARNING - Communication Error!");
+    EXPECT_EQ(texts()[2], kNotComplete);
+}
+
+TEST_F(TransferCommands, PollGoesOnAndScreensRest)
+{
+    rig.window->showScreen(0);
+    onlineQuietly();
+    rig.window->backgroundPoll().setInterval(1);
+    rig.board.press().raiseAlarm(2);
+    QString status;
+    const ModalWatch<LabelRangeDialog> range(
+        [](QDialog& dialog) { control<QPushButton>(dialog, "cmdOk").click(); });
+    const ModalWatch<ProcessingDialog> watch([&](const QWidget& dialog) {
+        QObject::connect(&control<QProgressBar>(dialog, "prgProcessing"),
+                         &QProgressBar::valueChanged, &dialog, [&] { status = rig.status(); });
+    });
+    pick("mnuFileUpload(2)");
+    EXPECT_EQ(status, "System Message:  Alarm(s) Active in Q900");
+    EXPECT_GT(reads(0x00, 65), 0) << "the poll's register";
+    EXPECT_EQ(reads(0x00, 112), 0) << "the Main Display's register";
+}
+
+TEST_F(TransferCommands, CarriesAPressRoundTrip)
+{
+    onlineQuietly();
+    for (int d = 0; d < kDuctors; ++d) // counts as a long shift leaves them
+        rig.state.gLink.RSWrite(state.gDefaultData.Address[static_cast<std::size_t>(d)],
+                                std::to_string(123456789 + d));
+    const std::vector<std::uint8_t> before = bytesAtRest(rig.board);
+    const auto everyGroup = [this](const char* menu) {
+        for (int group = 0; group < 3; ++group) {
+            const ModalWatch<LabelRangeDialog> range(
+                [](QDialog& dialog) { control<QPushButton>(dialog, "cmdOk").click(); });
+            pick(qPrintable(QStringLiteral("%1(%2)").arg(menu).arg(group)));
+        }
+    };
+    everyGroup("mnuFileUpload");
+    const SetupDataRecord uploaded = state.gWorkingData;
+    person.chosenFiles = {rig.folder.filePath("press.sdt")};
+    rig.item("mnuFileSave").trigger();
+    EXPECT_FALSE(state.hasUnsavedChanges());
+
+    rig.item("mnuFileNew").trigger();
+    everyGroup("mnuFileDownload"); // another press: the defaults
+    EXPECT_NE(bytesAtRest(rig.board), before);
+
+    rig.window->files().openFile(rig.folder.filePath("press.sdt"));
+    EXPECT_EQ(state.gWorkingData, uploaded);
+    everyGroup("mnuFileDownload");
+    EXPECT_EQ(bytesAtRest(rig.board), before);
+}
