@@ -145,13 +145,7 @@ QGroupBox* ColorControlScreen::makeManualFrame()
     off->setObjectName(QStringLiteral("cmdDuctorsManualOFF"));
     connect(off, &QPushButton::clicked, this, [this] { m_manual.clickAll(false); });
 
-    auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(14);
-    int column = 0;
-    for (QCheckBox* box : m_manual.boxes())
-        grid->addWidget(box, 0, column++);
-    grid->addWidget(on, 1, 0, 1, kDuctors / 2);
-    grid->addWidget(off, 1, kDuctors / 2, 1, kDuctors / 2);
+    m_manual.layOut(*frame, *on, *off);
     return frame;
 }
 
