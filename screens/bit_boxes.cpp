@@ -2,6 +2,10 @@
 
 #include "shell/helpers.h"
 
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+
 namespace tambrix {
 
 BitBoxes::BitBoxes(const char* name, const QString& mark, const QString& purpose,
@@ -46,6 +50,19 @@ void BitBoxes::setEnabled(bool enabled)
 {
     for (QCheckBox* box : m_boxes)
         box->setEnabled(enabled);
+}
+
+void BitBoxes::layOut(QGroupBox& frame, QPushButton& all, QPushButton& none) const
+{
+    constexpr int kHalf = kDuctors / 2;
+    auto* grid = new QGridLayout(&frame);
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(12);
+    int column = 0;
+    for (QCheckBox* box : m_boxes)
+        grid->addWidget(box, 0, column++);
+    grid->addWidget(&all, 1, 0, 1, kHalf);
+    grid->addWidget(&none, 1, kHalf, 1, kHalf);
 }
 
 } // namespace tambrix

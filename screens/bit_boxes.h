@@ -7,6 +7,9 @@
 #include <array>
 #include <functional>
 
+class QGroupBox;
+class QPushButton;
+
 namespace tambrix {
 
 /// A row of eight check boxes that show one byte of the controller, bit d for ductor d + 1.
@@ -30,6 +33,9 @@ public:
     void clickAll(bool ticked);
 
     void setEnabled(bool enabled);
+
+    /// The boxes in one row of `frame`, and below them the buttons for all and for none.
+    void layOut(QGroupBox& frame, QPushButton& all, QPushButton& none) const;
 
 private:
     std::array<QCheckBox*, kDuctors> m_boxes{};

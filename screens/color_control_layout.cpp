@@ -64,7 +64,7 @@ QGroupBox* ColorControlScreen::makeColorFrame()
     QGroupBox* frame = makeFrame(arrayName("fraColorCtrl", 0), QStringLiteral("Color Control"));
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(24);
-    grid->setVerticalSpacing(10);
+    grid->setVerticalSpacing(16);
     m_labelCaption = m_fields[kLabelField]->makeCaption(arrayName("lblDescription", 8),
                                                         QStringLiteral("&Label Number:"));
     grid->addWidget(m_labelCaption, 0, 0);
@@ -145,13 +145,7 @@ QGroupBox* ColorControlScreen::makeManualFrame()
     off->setObjectName(QStringLiteral("cmdDuctorsManualOFF"));
     connect(off, &QPushButton::clicked, this, [this] { m_manual.clickAll(false); });
 
-    auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(14);
-    int column = 0;
-    for (QCheckBox* box : m_manual.boxes())
-        grid->addWidget(box, 0, column++);
-    grid->addWidget(on, 1, 0, 1, kDuctors / 2);
-    grid->addWidget(off, 1, kDuctors / 2, 1, kDuctors / 2);
+    m_manual.layOut(*frame, *on, *off);
     return frame;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QVBoxLayout>
 
 namespace tambrix {
 
@@ -39,6 +40,17 @@ QLabel* makeValueLabel(const QString& name, const QString& text, const QString& 
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     label->setContentsMargins(8, 2, 8, 2);
     return label;
+}
+
+void stackFrames(QWidget& screen, std::initializer_list<QGroupBox*> frames)
+{
+    auto* column = new QVBoxLayout;
+    for (QGroupBox* frame : frames)
+        column->addWidget(frame);
+    column->addStretch();
+    auto* layout = new QHBoxLayout(&screen);
+    layout->addLayout(column);
+    layout->addStretch();
 }
 
 void setTabSequence(std::span<QWidget* const> controls)

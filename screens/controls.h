@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <initializer_list>
 #include <span>
 
 class QGroupBox;
@@ -19,6 +20,9 @@ QLabel* makeLabel(const QString& name, const QString& text);
 
 /// A label for a value that the controller shows: a sunken panel, the value at its right.
 QLabel* makeValueLabel(const QString& name, const QString& text, const QString& accessibleName);
+
+/// Fills the screen with `frames` one below the other, at its top left.
+void stackFrames(QWidget& screen, std::initializer_list<QGroupBox*> frames);
 
 /// The Tab key visits `controls` in this order.
 void setTabSequence(std::span<QWidget* const> controls);

@@ -3,10 +3,10 @@
 #include "screens/controls.h"
 #include "shell/helpers.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace tambrix {
 
@@ -51,13 +51,7 @@ SetupScreen::SetupScreen(ProgramState& state)
     setObjectName(QStringLiteral("frmSetup"));
     setWindowTitle(QStringLiteral("Set-Up"));
     setPoints(*this, kScreenPoints);
-    auto* column = new QVBoxLayout;
-    column->addWidget(m_parameterFrame);
-    column->addWidget(m_feedbackFrame);
-    column->addStretch();
-    auto* layout = new QHBoxLayout(this);
-    layout->addLayout(column);
-    layout->addStretch();
+    stackFrames(*this, {m_parameterFrame, m_feedbackFrame});
 }
 
 QGroupBox* SetupScreen::makeParameters()
@@ -90,13 +84,7 @@ QGroupBox* SetupScreen::makeFeedback()
     disableAll->setObjectName(QStringLiteral("cmdDisableFeedbackAll"));
     connect(disableAll, &QPushButton::clicked, this, [this] { setFeedback(0); });
 
-    auto* grid = new QGridLayout(frame);
-    grid->setVerticalSpacing(12);
-    int column = 0;
-    for (QCheckBox* box : m_feedback.boxes())
-        grid->addWidget(box, 0, column++);
-    grid->addWidget(enableAll, 1, 0, 1, kDuctors / 2);
-    grid->addWidget(disableAll, 1, kDuctors / 2, 1, kDuctors / 2);
+    m_feedback.layOut(*frame, *enableAll, *disableAll);
     return frame;
 }
 

@@ -5,11 +5,12 @@
 #include "shell/helpers.h"
 #include "shell/numeric_entry_field.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace tambrix {
 
@@ -50,13 +51,7 @@ ShiftDataScreen::ShiftDataScreen(ProgramState& state)
         setPoints(*count, kCountPoints);
         count->setMinimumWidth(count->fontMetrics().horizontalAdvance(kWidestCount) + 24);
     }
-    auto* column = new QVBoxLayout;
-    column->addWidget(m_countFrame);
-    column->addWidget(m_resetFrame);
-    column->addStretch();
-    auto* layout = new QHBoxLayout(this);
-    layout->addLayout(column);
-    layout->addStretch();
+    stackFrames(*this, {m_countFrame, m_resetFrame});
 }
 
 /// Ductors 1 to 4 on the left, 5 to 8 on the right.
