@@ -20,6 +20,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int kBaud = 9600;
+constexpr double kBitsPerByte = 10;
 constexpr auto kSettling = 1s;
 constexpr auto kMeasuring = 8s;
 
@@ -94,9 +95,13 @@ private:
         co_await m_loop.pause(kSettling);
         const double wallStart = monotonicNow();
         const double start = processorSeconds();
+        m_port.bytes.clear();
         co_await m_loop.pause(kMeasuring);
-        const double share = (processorSeconds() - start) / (monotonicNow() - wallStart);
-        reportAtMost(what, share * 100, aim, "%");
+        const double wall = monotonicNow() - wallStart;
+        reportAtMost(what, (processorSeconds() - start) / wall * 100, aim, "%");
+        if (m_state.gLink.OnlineMode)
+            report("  meanwhile, share of the wire in use",
+                   2 * static_cast<double>(m_port.bytes.size()) * kBitsPerByte / kBaud / wall, "");
     }
 
     Task longestGap()
@@ -111,7 +116,7 @@ private:
     BenchFolder m_folder;
     SteadyClock m_clock;
     QtSerialPort m_serial;
-    PatientPort m_port;
+    RecordingPort m_port;
     AbsentOperator m_operator;
     ProgramState m_state;
     MainWindow m_window;
