@@ -5,6 +5,7 @@ namespace tambrix {
 Task demonstration(DemoStage& stage)
 {
     co_await demoMainDisplay(stage);
+    co_await demoReports(stage);
 }
 
 } // namespace tambrix

@@ -1,16 +1,23 @@
+#include "app/appearance.h"
 #include "app/built_in_controller.h"
 #include "app/command_line.h"
 #include "app/demo_chapters.h"
+#include "app/window_memory.h"
+#include "help/help_desk.h"
 #include "platform/patient_port.h"
 #include "platform/qt_prompts.h"
 #include "platform/qt_serial_port.h"
 #include "platform/steady_clock.h"
+#include "reports/reports.h"
 #include "shell/main_display.h"
 #include "shell/main_window.h"
 
 #include <QApplication>
+#include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdio>
+#include <optional>
 
 using namespace tambrix;
 
@@ -25,6 +32,23 @@ template <typename Concrete> ScreenFactory screen()
 ScreenTable screens()
 {
     return {screen<MainDisplay>(), {}, {}, {}, {}};
+}
+
+MenuCommands menuCommands(Reports& reports, HelpDesk& help)
+{
+    MenuCommands commands;
+    commands.reportSetup = [&reports] { reports.showSetup(); };
+    commands.printReport = [&reports] { reports.print(); };
+    commands.helpTopics = [&help] { help.showTopics(); };
+    commands.about = [&help] { help.showAbout(); };
+    return commands;
+}
+
+/// Where this user's own settings are kept; the program folder may not be his to write to.
+QString userSettings()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+           QStringLiteral("/tambrix.ini");
 }
 
 int sayAndLeave(const CommandLine& line)
@@ -44,11 +68,19 @@ int runProgram(const CommandLine& line)
     const QString folder =
         line.programFolder.isEmpty() ? QApplication::applicationDirPath() : line.programFolder;
     ProgramState state(QDir(folder), port, clock, prompts);
-    MainWindow window(state, screens(), {});
+    Reports reports(state);
+    HelpDesk help(state);
+    MainWindow window(state, screens(), menuCommands(reports, help));
+    const bool demo = !line.demoFolder.isEmpty();
+    std::optional<WindowMemory> memory;
+    if (!demo) {
+        memory.emplace(window, userSettings());
+        window.files().recent().keepIn(userSettings());
+    }
     window.show();
 
     DemoStage stage(window, controller, QDir(line.demoFolder));
-    if (!line.demoFolder.isEmpty())
+    if (demo)
         stage.run(demonstration(stage));
     return QApplication::exec();
 }
@@ -57,6 +89,16 @@ int demoFolderMissing(const CommandLine& line)
 {
     std::fprintf(stderr, "tambrix: cannot make the folder '%s'.\n", qPrintable(line.demoFolder));
     return 2;
+}
+
+/// Looked up before the window system takes the option out of the arguments.
+bool asksForStyle(int argc, char* argv[])
+{
+    return qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE") ||
+           std::any_of(argv, argv + argc, [](const char* argument) {
+               return QByteArray(argument).startsWith("-style") ||
+                      QByteArray(argument).startsWith("--style");
+           });
 }
 
 } // namespace
@@ -75,7 +117,9 @@ int main(int argc, char* argv[])
     if (!line.demoFolder.isEmpty() && !QDir().mkpath(line.demoFolder))
         return demoFolderMissing(line);
 
+    const bool styleAskedFor = asksForStyle(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TAMBRIX"));
+    applyAppearance(styleAskedFor);
     return runProgram(line);
 }
