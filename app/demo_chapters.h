@@ -19,4 +19,7 @@ Task demoMaintenance(DemoStage& stage);
 /// A whole press uploaded, saved, opened again and downloaded.
 Task demoData(DemoStage& stage);
 
+/// Report set-up and preview, about box, help.
+Task demoReports(DemoStage& stage);
+
 } // namespace tambrix

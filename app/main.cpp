@@ -1,12 +1,16 @@
+#include "app/appearance.h"
 #include "app/built_in_controller.h"
 #include "app/command_line.h"
 #include "app/demo_chapters.h"
+#include "app/window_memory.h"
+#include "help/help_desk.h"
 #include "maintenance/comm_port_dialog.h"
 #include "maintenance/program_commands.h"
 #include "platform/patient_port.h"
 #include "platform/qt_prompts.h"
 #include "platform/qt_serial_port.h"
 #include "platform/steady_clock.h"
+#include "reports/reports.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
 #include "screens/setup_screen.h"
@@ -18,6 +22,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
 
@@ -37,17 +42,32 @@ ScreenTable screens()
             screen<ColorControlScreen>(), screen<IoStatusScreen>()};
 }
 
+/// What the menu items do whose rooms stand beside the shell. `programs` is made after the menu.
+MenuCommands menuCommands(ProgramState& state, Reports& reports, HelpDesk& help,
+                          std::optional<ProgramCommands>& programs)
+{
+    MenuCommands commands;
+    commands.reportSetup = [&reports] { reports.showSetup(); };
+    commands.printReport = [&reports] { reports.print(); };
+    commands.downloadProgram = [&programs] { programs->downloadProgram(); };
+    commands.targetBoard = [&programs] { programs->showTargetBoard(); };
+    commands.commPort = [&state] { CommPortDialog(state, QApplication::activeWindow()).exec(); };
+    commands.helpTopics = [&help] { help.showTopics(); };
+    commands.about = [&help] { help.showAbout(); };
+    return commands;
+}
+
+/// Where this user's own settings are kept; the program folder may not be his to write to.
+QString userSettings()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+           QStringLiteral("/tambrix.ini");
+}
+
 int sayAndLeave(const CommandLine& line)
 {
     std::fputs(qPrintable(line.text), line.exitCode == 0 ? stdout : stderr);
     return line.exitCode;
-}
-
-/// Where the user's own habits are kept; the controller's settings lie in the program folder.
-QString userSettingsFile()
-{
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
-    return folder.filePath(QStringLiteral("tambrix.ini"));
 }
 
 int runProgram(const CommandLine& line)
@@ -61,22 +81,24 @@ int runProgram(const CommandLine& line)
     const QString folder =
         line.programFolder.isEmpty() ? QApplication::applicationDirPath() : line.programFolder;
     ProgramState state(QDir(folder), port, clock, prompts);
-
-    std::optional<ProgramCommands> programs; // needs the window that the menu is on
-    MenuCommands commands;
-    commands.downloadProgram = [&programs] { programs->downloadProgram(); };
-    commands.targetBoard = [&programs] { programs->showTargetBoard(); };
-    commands.commPort = [&state] { CommPortDialog(state, QApplication::activeWindow()).exec(); };
-    MainWindow window(state, screens(), std::move(commands));
+    Reports reports(state);
+    HelpDesk help(state);
+    std::optional<ProgramCommands> programs;
+    MainWindow window(state, screens(), menuCommands(state, reports, help, programs));
     programs.emplace(state, window, window.backgroundPoll());
+
+    const bool demo = !line.demoFolder.isEmpty(); // leaves no trace on the user's machine
+    std::optional<WindowMemory> memory;
+    if (!demo) {
+        memory.emplace(window, userSettings());
+        window.files().recent().keepIn(userSettings());
+    }
     window.show();
-    if (line.demoFolder.isEmpty()) // the demonstration leaves no trace on the user's machine
-        window.files().recent().keepIn(userSettingsFile());
     if (!line.setupFile.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
 
     DemoStage stage(window, controller, QDir(line.demoFolder));
-    if (!line.demoFolder.isEmpty())
+    if (demo)
         stage.run(demonstration(stage));
     return QApplication::exec();
 }
@@ -85,6 +107,16 @@ int demoFolderMissing(const CommandLine& line)
 {
     std::fprintf(stderr, "tambrix: cannot make the folder '%s'.\n", qPrintable(line.demoFolder));
     return 2;
+}
+
+/// Looked up before the window system takes the option out of the arguments.
+bool asksForStyle(int argc, char* argv[])
+{
+    return qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE") ||
+           std::any_of(argv, argv + argc, [](const char* argument) {
+               return QByteArray(argument).startsWith("-style") ||
+                      QByteArray(argument).startsWith("--style");
+           });
 }
 
 } // namespace
@@ -105,7 +137,9 @@ int main(int argc, char* argv[])
 
     if (!line.demoFolder.isEmpty()) // nobody is there to use the system's own dialogs
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const bool styleAskedFor = asksForStyle(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TAMBRIX"));
+    applyAppearance(styleAskedFor);
     return runProgram(line);
 }

@@ -1,0 +1,95 @@
+#include "app/appearance.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPalette>
+#include <QStyle>
+
+#ifdef TAMBRIX_ASK_DESKTOP
+#include <QDBusInterface>
+#include <QDBusReply>
+#include <QDBusVariant>
+#endif
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 128, 256};
+
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const int size : kIconSizes)
+        icon.addFile(QStringLiteral(":/tambrix/tambrix-%1.png").arg(size));
+    return icon;
+}
+
+#ifdef TAMBRIX_ASK_DESKTOP
+
+/// Qt learnt to follow the desktop's choice of light or dark after 6.4; until then it is asked.
+bool desktopPrefersDark()
+{
+    constexpr int kLongestWait = 200; // ms; a desktop without that service answers at once
+    constexpr uint kDark = 1;
+    QDBusInterface settings(QStringLiteral("org.freedesktop.portal.Desktop"),
+                            QStringLiteral("/org/freedesktop/portal/desktop"),
+                            QStringLiteral("org.freedesktop.portal.Settings"));
+    settings.setTimeout(kLongestWait);
+    const QDBusReply<QDBusVariant> reply =
+        settings.call(QStringLiteral("Read"), QStringLiteral("org.freedesktop.appearance"),
+                      QStringLiteral("color-scheme"));
+    if (!reply.isValid())
+        return false;
+    QVariant value = reply.value().variant();
+    if (value.canConvert<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value.toUInt() == kDark;
+}
+
+#else
+
+bool desktopPrefersDark()
+{
+    return false; // Qt follows the desktop by itself
+}
+
+#endif
+
+QPalette darkPalette()
+{
+    const QColor text(0xe6, 0xe6, 0xe6);
+    QPalette palette(QColor(0x3a, 0x3d, 0x41), QColor(0x2b, 0x2d, 0x30));
+    palette.setColor(QPalette::Base, QColor(0x1f, 0x21, 0x23));
+    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2d, 0x30));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x41));
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb5));
+    palette.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf0));
+    palette.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                            QPalette::ToolTipText, QPalette::HighlightedText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+    }
+    return palette;
+}
+
+} // namespace
+
+void applyAppearance(bool styleAskedFor)
+{
+    QApplication::setWindowIcon(programIcon());
+#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
+    if (styleAskedFor)
+        return;
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    if (desktopPrefersDark())
+        QApplication::setPalette(darkPalette());
+#else
+    Q_UNUSED(styleAskedFor)
+    Q_UNUSED(desktopPrefersDark)
+    Q_UNUSED(darkPalette)
+#endif
+}
+
+} // namespace tambrix

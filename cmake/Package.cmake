@@ -1,0 +1,50 @@
+# `cmake --install` and CPack: a Debian package here, a zip with the Qt libraries on Windows.
+# The program looks for Help and Support beside itself, so all of it goes into one folder.
+if(WIN32)
+  set(TAMBRIX_FOLDER .)
+else()
+  include(GNUInstallDirs)
+  set(TAMBRIX_FOLDER lib/tambrix)
+endif()
+
+install(TARGETS tambrix RUNTIME DESTINATION ${TAMBRIX_FOLDER})
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/Help DESTINATION ${TAMBRIX_FOLDER})
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/Support DESTINATION ${TAMBRIX_FOLDER} OPTIONAL)
+
+if(WIN32)
+  if(COMMAND qt_generate_deploy_app_script)
+    qt_generate_deploy_app_script(TARGET tambrix OUTPUT_SCRIPT deploy_script
+      NO_UNSUPPORTED_PLATFORM_ERROR)
+    install(SCRIPT ${deploy_script})
+  endif()
+  set(CPACK_GENERATOR ZIP)
+else()
+  set(resources ${CMAKE_CURRENT_SOURCE_DIR}/resources)
+  install(CODE "
+    file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+    file(CREATE_LINK ../${TAMBRIX_FOLDER}/tambrix
+         \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/tambrix\" SYMBOLIC)")
+  install(FILES ${resources}/tambrix.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  foreach(size 16 24 32 48 64 128 256)
+    install(FILES ${resources}/tambrix-${size}.png RENAME tambrix.png
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+  endforeach()
+  install(FILES ${resources}/tambrix.svg
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+  set(CPACK_GENERATOR DEB)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+endif()
+
+set(CPACK_PACKAGE_NAME tambrix)
+set(CPACK_PACKAGE_VENDOR "TAMBRIX")
+set(CPACK_PACKAGE_CONTACT "TAMBRIX maintainers <tambrix@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
+  ${CMAKE_CURRENT_SOURCE_DIR}/resources/postinst ${CMAKE_CURRENT_SOURCE_DIR}/resources/postrm)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+include(CPack)

@@ -1,0 +1,106 @@
+#include "help/help_book.h"
+#include "tests/support/window_rig.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+using namespace tambrix;
+
+namespace {
+
+const QString kHelp = QStringLiteral(TAMBRIX_SOURCE_FOLDER "/Help");
+
+const HelpBook& book()
+{
+    static const HelpBook shipped(kHelp + "/TMBRX.hlp");
+    return shipped;
+}
+
+} // namespace
+
+TEST(ShippedHelp, HasNoDeadLinkAndIsWellFormed)
+{
+    for (const QString& defect : book().defects())
+        ADD_FAILURE() << qPrintable(defect);
+}
+
+TEST(ShippedHelp, EveryFileIsInTheContents)
+{
+    std::set<QString> listed = {"TMBRX.hlp"};
+    for (const HelpEntry& entry : book().contents())
+        listed.insert(entry.url.fileName());
+    for (const QString& file : QDir(kHelp).entryList(QDir::Files))
+        EXPECT_EQ(listed.count(file), 1u) << qPrintable(file);
+}
+
+TEST(ShippedHelp, ExplainsEveryMenuItem)
+{
+    const WindowRig rig;
+    int items = 0;
+    for (const QAction* action : rig.window->findChildren<QAction*>()) {
+        if (!action->objectName().startsWith("mnu"))
+            continue;
+        ++items;
+        EXPECT_FALSE(book().topicOf(action->objectName()).isEmpty())
+            << qPrintable(action->objectName());
+    }
+    EXPECT_GT(items, 20);
+}
+
+TEST(ShippedHelp, ExplainsEveryScreenAndDialog)
+{
+    for (const char* window :
+         {"frmTambrix", "frmMain", "frmSetup", "frmData", "frmColorControl", "frmDisplayIO",
+          "frmLabelRange", "frmProcessing", "frmCommPort", "frmTargetBoard", "frmDownloadProg",
+          "frmReportSetup", "frmReportPreview", "frmWait", "frmHelp", "frmAbout", "frmSysInfo"})
+        EXPECT_FALSE(book().topicOf(window).isEmpty()) << window;
+}
+
+TEST(ShippedHelp, ExplainsEveryBox)
+{
+    for (const char* title :
+         {"WARNING - Communication Error!", "Comm Port Error", "ENTRY ALERT", "Set-up",
+          "Color Control", "Comm Port", "Spindle #1 Trip Offset:", "TAMBRIX", "Data Upload",
+          "Data Download", "Program Offline", "WARNING - Fault Code Reset!", "Program Download",
+          "PLS Program Download", "Program Dump", "Program Config Download", "Report Setup",
+          "Print Report", "Help Topics"})
+        EXPECT_FALSE(book().topicOf(boxAnchor(title)).isEmpty()) << title;
+}
+
+TEST(HelpSearch, FindsTopicsWithAllWordsTitlesFirst)
+{
+    const auto hits = book().search("  LATENCY timer ");
+    ASSERT_EQ(hits.size(), 1u);
+    EXPECT_EQ(hits[0].url.fileName(), "troubleshooting.html");
+    const auto shift = book().search("shift data");
+    ASSERT_GT(shift.size(), 1u);
+    EXPECT_EQ(shift[0].title, "Shift Data");
+    EXPECT_TRUE(book().search("latency xyzzy").empty());
+    EXPECT_TRUE(book().search("   ").empty());
+}
+
+TEST(HelpBookTest, NamesWhatIsWrongWithABook)
+{
+    const QTemporaryDir folder;
+    const auto write = [&](const char* name, const char* text) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    };
+    write("TMBRX.hlp", "<html><head><title>T</title></head><body><ul>"
+                       "<li><a href=\"a.html\">A</a></li><li><a href=\"gone.html\">G</a></li>"
+                       "</ul></body></html>");
+    write("a.html", "<html><body><a href=\"#nowhere\">x</a>");
+    const HelpBook broken(folder.filePath("TMBRX.hlp"));
+    QStringList all;
+    for (const QString& defect : broken.defects())
+        all.append(defect.section(u':', 0, 1).section(u' ', 0, 1));
+    EXPECT_TRUE(all.contains("a.html: dead"));
+    EXPECT_TRUE(all.contains("a.html: no"));
+    EXPECT_TRUE(all.contains("gone.html: No"));
+    EXPECT_TRUE(all.contains("a.html: Premature"));
+    EXPECT_TRUE(HelpBook(folder.filePath("none.hlp")).isEmpty());
+}
