@@ -35,11 +35,7 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-<<<<<<< HEAD
-/// tambrix_bench [exchange|wire|download|window]...
-=======
-/// tambrix_bench [exchange|wire|window|transfer]...
->>>>>>> data
+/// tambrix_bench [exchange|wire|window|transfer|download]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;
