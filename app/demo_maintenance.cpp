@@ -120,7 +120,8 @@ Task showAddressesAndClock(DemoStage& stage)
     });
     const QString year = QString::number(QDate::currentDate().year()).right(2);
     const std::function<bool()> shown = [&stage, year] {
-        return fieldOf(stage, "txtSetup(7)") == year;
+        const QString hour = QTime::currentTime().toString(QStringLiteral("HH"));
+        return fieldOf(stage, "txtSetup(2)") == hour && fieldOf(stage, "txtSetup(7)") == year;
     };
     co_await stage.step("Its clock is set to the PC's", "board-clock", shown);
     stage.later([&stage] { stage.control<QPushButton>("cmdOk").click(); });

@@ -16,7 +16,7 @@ constexpr std::size_t kDataAt = 9;
 constexpr std::size_t kDigitsAroundData = kDataAt + 2; // all but the data: checksum included
 
 /// The board addresses 64 KiB; even in records of one byte its whole program is smaller.
-constexpr std::uintmax_t kLargestFile = 4 * 1024 * 1024;
+constexpr std::uintmax_t kLargestFile = std::uintmax_t{4} * 1024 * 1024;
 
 /// Takes the next line off the front of `text`. Lines end in CR LF, CR or LF.
 std::string_view takeLine(std::string_view& text)
@@ -53,9 +53,9 @@ const char* complaint(std::string_view line)
     if (!onlyDigits(line.substr(1)))
         return "The line holds a character that is not a hexadecimal digit.";
     const auto length = hexPair(line, kLengthAt);
-    if (!length || line.size() < kDigitsAroundData + 2U * *length)
+    if (!length || line.size() < kDigitsAroundData + std::size_t{2} * *length)
         return "The record is cut short.";
-    if (line.size() > kDigitsAroundData + 2U * *length)
+    if (line.size() > kDigitsAroundData + std::size_t{2} * *length)
         return "The line is longer than its record length says.";
     if (*length > kLongestRecord)
         return "The record is too long for the target board.";
