@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QTextBrowser>
 #include <QToolBar>
+#include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
