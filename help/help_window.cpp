@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QTextBrowser>
 #include <QToolBar>
+#include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
@@ -18,7 +19,7 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kFirstSize(960, 640);
-constexpr int kSidePane = 270;
+constexpr int kSidePane = 300;
 constexpr int kUrlRole = Qt::UserRole;
 constexpr int kPageMargin = 14;
 

@@ -125,7 +125,7 @@ QStringList notes(const ProgramState& state)
                               : QStringLiteral("to which nothing has been uploaded yet");
     return {QStringLiteral("Printed on line. The report shows the data set in this program, %1.")
                 .arg(since),
-            QStringLiteral("The controller may hold other values since then.")};
+            QStringLiteral("The controller may hold other values.")};
 }
 
 } // namespace
