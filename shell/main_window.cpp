@@ -35,7 +35,7 @@ QLabel* makeScreenTitle()
 
 } // namespace
 
-MainWindow::MainWindow(ProgramState& state, ScreenTable screens, MenuCommands commands)
+MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuCommands& commands)
     : m_state(state),
       m_files(state),
       m_screens(std::move(screens)),

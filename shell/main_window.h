@@ -48,7 +48,7 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    MainWindow(ProgramState& state, ScreenTable screens, MenuCommands commands);
+    MainWindow(ProgramState& state, ScreenTable screens, const MenuCommands& commands);
     ~MainWindow() override;
 
     /// Shows the child screen with this index (0 to 4), closing the one shown before.

@@ -242,8 +242,8 @@ TEST(ScreenTest, SurvivesTheModeBeingToggledDuringAPass)
         PressRig::turns(i % 5);
     }
     shell.rig.window->goOffline();
-    EXPECT_TRUE(PressRig::eventually(
-        [&] { return screen->offlineViews > 0 && screen->onlineViews > 0; }));
+    EXPECT_TRUE(
+        PressRig::eventually([&] { return screen->offlineViews > 0 && screen->onlineViews > 0; }));
     EXPECT_TRUE(shell.rig.person.boxes.empty());
     EXPECT_FALSE(shell.rig.port.isOpen());
 }
