@@ -27,6 +27,13 @@ void transferCost(const QString& program);
 /// That process.
 int transferProcess(int argc, char* argv[]);
 
+/// Refresh passes of each screen on line at 9600 and 19200 against what the wire allows, and the
+/// longest time for which events were not served meanwhile. Runs in a process of its own.
+void screenPasses(const QString& program);
+
+/// That process.
+int screensProcess(int argc, char* argv[]);
+
 /// The process of `windowCost()`: serves `device`; `started` is when it was started, on the
 /// monotonic clock in ns.
 int windowProcess(int argc, char* argv[], const QString& device, qint64 started);

@@ -24,6 +24,8 @@ int runBenchmarks(const QStringList& arguments)
             programDownload();
         if (wanted("window"))
             windowCost(QCoreApplication::applicationFilePath());
+        if (wanted("screens"))
+            screenPasses(QCoreApplication::applicationFilePath());
         if (wanted("transfer"))
             transferCost(QCoreApplication::applicationFilePath());
     } catch (const std::exception& failure) {
@@ -35,13 +37,15 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-/// tambrix_bench [exchange|wire|window|transfer|download]...
+/// tambrix_bench [exchange|wire|download|window|screens|transfer]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;
     if (argc == kWindowArguments && QLatin1String(argv[1]) == QLatin1String("--window-process"))
         return windowProcess(argc, argv, QString::fromLocal8Bit(argv[2]),
                              QByteArray(argv[3]).toLongLong());
+    if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--screens-process"))
+        return screensProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--transfer-process"))
         return transferProcess(argc, argv);
     const QCoreApplication application(argc, argv);

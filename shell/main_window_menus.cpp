@@ -97,7 +97,8 @@ void MainWindow::addRecentFile(const QString& path)
 
 void MainWindow::buildEditMenu(const MenuCommands& commands)
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Edit"));
+    // Not Alt+E: that is the set-up screen's "Enable All".
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("E&dit"));
     QAction* editing =
         addItem(*menu, {QStringLiteral("Enable &Offline Editing"), QStringLiteral("mnuEditOffline"),
                         QKeySequence(QStringLiteral("Ctrl+E")),

@@ -105,7 +105,7 @@ TEST(MainWindowTest, StartsOffLineWithItsMenusAndPanels)
                                 "&Report Setup",
                                 "&Print Report...",
                                 "E&xit",
-                                "&Edit",
+                                "E&dit",
                                 "Enable &Offline Editing",
                                 "Co&mm Port",
                                 "Color Control Passcode",
