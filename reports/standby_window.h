@@ -33,7 +33,6 @@ public:
     /// Makes the report, behind the modal window, and says how that ended.
     Outcome make();
 
-public slots:
     void reject() override; ///< Cancel, Escape, closing the window
 
 private:
