@@ -100,7 +100,8 @@ std::vector<HelpHit> HelpBook::search(const QString& words) const
         if (url != m_frontPage && holds(topic.title + u' ' + topic.text))
             hits.push_back({topic.title, url});
     }
-    std::ranges::stable_partition(hits, holds, &HelpHit::title);
+    std::stable_partition(hits.begin(), hits.end(),
+                          [&](const HelpHit& hit) { return holds(hit.title); });
     return hits;
 }
 

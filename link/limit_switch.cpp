@@ -142,8 +142,9 @@ bool LimitSwitch::PLSConfigDownload(const PLSConfig& CfgParam, int ScaleFactor)
 bool LimitSwitch::writeBlock(int block, const PLSConfig& config)
 {
     Six entries{};
-    std::copy_n(config.begin() + block * static_cast<int>(entries.size()), entries.size(),
-                entries.begin());
+    const auto first = static_cast<std::size_t>(block) * entries.size();
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        entries[i] = config[first + i];
     return enter(LinkMode::SwitchBlock, kFirstBlock + kBlockStep * block) &&
            sendAndStore(entries.data(), entries.data() + entries.size());
 }
