@@ -1,8 +1,8 @@
 #include "maintenance/board_fields.h"
 
-#include "maintenance/layout_helpers.h"
 #include "shell/cooperative_loop.h"
 #include "shell/helpers.h"
+#include "shell/named_controls.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -41,7 +41,7 @@ constexpr int kBoardH810 = 65;
 
 QLabel* makeWrapped(const QString& name, const QString& text)
 {
-    QLabel* label = makeTextLabel(name, text);
+    QLabel* label = makeLabel(name, text);
     label->setWordWrap(true);
     return label;
 }
@@ -60,8 +60,8 @@ BoardFields::BoardFields(ProgramState& state, QWidget& focusSink, std::function<
           makeButton(QStringLiteral("cmdSetToCurrTime"), QStringLiteral("Set to Current &Time"))),
       m_setDate(
           makeButton(QStringLiteral("cmdSetToCurrDate"), QStringLiteral("Set to Current &Date"))),
-      m_pcTime(makeTextLabel(QStringLiteral("lblCurrTime"), QStringLiteral("XX : XX : XX"))),
-      m_pcDate(makeTextLabel(QStringLiteral("lblCurrDate"), QStringLiteral("XX - XX - XX"))),
+      m_pcTime(makeLabel(QStringLiteral("lblCurrTime"), QStringLiteral("XX : XX : XX"))),
+      m_pcDate(makeLabel(QStringLiteral("lblCurrDate"), QStringLiteral("XX - XX - XX"))),
       m_addressPage(makeAddressPage(focusSink)),
       m_clockPage(makeClockPage(focusSink))
 {
@@ -71,7 +71,7 @@ BoardFields::BoardFields(ProgramState& state, QWidget& focusSink, std::function<
 
 QWidget* BoardFields::makeAddressPage(QWidget& focusSink)
 {
-    QGroupBox* frame = makeGroup(QStringLiteral("fraNetworkAddress"),
+    QGroupBox* frame = makeFrame(QStringLiteral("fraNetworkAddress"),
                                  QStringLiteral("Target Board Network Address:"));
     auto* grid = new QGridLayout(frame);
     grid->setVerticalSpacing(14);
@@ -120,7 +120,7 @@ QWidget* BoardFields::makeClockPage(QWidget& focusSink)
 QGroupBox* BoardFields::makeClockFrame(QWidget& focusSink, std::size_t first, QPushButton* button)
 {
     QGroupBox* frame =
-        makeGroup(first == kTime ? QStringLiteral("fraTime") : QStringLiteral("fraDate"), {});
+        makeFrame(first == kTime ? QStringLiteral("fraTime") : QStringLiteral("fraDate"), {});
     auto* grid = new QGridLayout(frame);
     for (std::size_t i = 0; i < 3; ++i)
         addField(*grid, first + i, 0, 2 * static_cast<int>(i), focusSink);

@@ -1,8 +1,8 @@
 #include "maintenance/comm_port_dialog.h"
 
 #include "link/settings_file.h"
-#include "maintenance/layout_helpers.h"
 #include "shell/helpers.h"
+#include "shell/named_controls.h"
 #include "shell/numeric_entry_field.h"
 #include "shell/whole_file.h"
 
@@ -62,7 +62,7 @@ CommPortDialog::CommPortDialog(ProgramState& state, QWidget* parent, PortList po
 
 QGroupBox* CommPortDialog::makePortFrame()
 {
-    QGroupBox* frame = makeGroup(QStringLiteral("fraCommPort"), QStringLiteral("Comm Port"));
+    QGroupBox* frame = makeFrame(QStringLiteral("fraCommPort"), QStringLiteral("Comm Port"));
     EntryRules rules;
     rules.title = QStringLiteral("Comm Port");
     rules.minimum = kLowestPort;
@@ -93,7 +93,7 @@ QGroupBox* CommPortDialog::makePortFrame()
 
 QGroupBox* CommPortDialog::makeSpeedFrame()
 {
-    QGroupBox* frame = makeGroup(QStringLiteral("fraPortSpeed"), QStringLiteral("Port Speed"));
+    QGroupBox* frame = makeFrame(QStringLiteral("fraPortSpeed"), QStringLiteral("Port Speed"));
     auto* layout = new QHBoxLayout(frame);
     for (const int index : {1, 0}) {
         const auto slot = static_cast<std::size_t>(index);

@@ -2,9 +2,9 @@
 
 #include "link/lenient_number.h"
 #include "maintenance/board_codes.h"
-#include "maintenance/layout_helpers.h"
 #include "shell/cooperative_loop.h"
 #include "shell/helpers.h"
+#include "shell/named_controls.h"
 
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -70,7 +70,7 @@ FaultPage::FaultPage(ProgramState& state, const std::function<void()>& reset)
 QWidget* FaultPage::makeFaults()
 {
     QGroupBox* group =
-        makeGroup(QStringLiteral("fraInternalFault"), QStringLiteral("Internal Fault Code:"));
+        makeFrame(QStringLiteral("fraInternalFault"), QStringLiteral("Internal Fault Code:"));
     auto* layout = new QVBoxLayout(group);
     for (const std::size_t index : {kCurrentFault, kLastFault, kSlot, kAction})
         addCode(*layout, index);
@@ -79,7 +79,7 @@ QWidget* FaultPage::makeFaults()
 
 QWidget* FaultPage::makeNetworkErrors()
 {
-    QGroupBox* group = makeGroup(QStringLiteral("fraCommError"),
+    QGroupBox* group = makeFrame(QStringLiteral("fraCommError"),
                                  QStringLiteral("Communications Network Error Codes:"));
     auto* layout = new QVBoxLayout(group);
     for (const std::size_t index : {kCurrentError, kLastError})
@@ -89,8 +89,8 @@ QWidget* FaultPage::makeNetworkErrors()
 
 void FaultPage::addCode(QVBoxLayout& layout, std::size_t index)
 {
-    m_labels[index] = makeTextLabel(arrayName("lblTargetBoard", static_cast<int>(index)),
-                                    QLatin1String(kCaptions[index]));
+    m_labels[index] = makeLabel(arrayName("lblTargetBoard", static_cast<int>(index)),
+                                QLatin1String(kCaptions[index]));
     layout.addWidget(m_labels[index]);
     if (index == kSlot) // a number only
         return;

@@ -1,8 +1,8 @@
 #include "maintenance/identity_page.h"
 
-#include "maintenance/layout_helpers.h"
 #include "shell/cooperative_loop.h"
 #include "shell/helpers.h"
+#include "shell/named_controls.h"
 
 #include <QFileInfo>
 #include <QFormLayout>
@@ -34,12 +34,12 @@ constexpr std::array kCaptions = {"Name:", "Revision:", "Checksum:", "Target Boa
 QGroupBox* makeSide(const char* frame, const char* caption, const char* name,
                     std::span<QLabel*> labels)
 {
-    QGroupBox* group = makeGroup(QLatin1String(frame), QLatin1String(caption));
+    QGroupBox* group = makeFrame(QLatin1String(frame), QLatin1String(caption));
     auto* form = new QFormLayout(group);
     form->setHorizontalSpacing(16);
     form->setVerticalSpacing(12);
     for (std::size_t row = 0; row < labels.size(); ++row) {
-        labels[row] = makeTextLabel(arrayName(name, static_cast<int>(row)), QStringLiteral("-"));
+        labels[row] = makeLabel(arrayName(name, static_cast<int>(row)), QStringLiteral("-"));
         labels[row]->setTextInteractionFlags(Qt::TextSelectableByMouse);
         form->addRow(QLatin1String(kCaptions[row]), labels[row]);
     }

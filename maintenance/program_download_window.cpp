@@ -1,7 +1,7 @@
 #include "maintenance/program_download_window.h"
 
-#include "maintenance/layout_helpers.h"
 #include "shell/helpers.h"
+#include "shell/named_controls.h"
 
 #include <QCoreApplication>
 #include <QGroupBox>
@@ -19,14 +19,14 @@ constexpr int kProgressInterval = 50; // ms
 ProgramDownloadWindow::ProgramDownloadWindow(ProgramState& state, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       m_state(state),
-      m_progress(makeTextLabel(QStringLiteral("lblWaitDisplay"),
-                               QStringLiteral("Sending Program at Address: 0000H"))),
+      m_progress(makeLabel(QStringLiteral("lblWaitDisplay"),
+                           QStringLiteral("Sending Program at Address: 0000H"))),
       m_timer(this)
 {
     setObjectName(QStringLiteral("frmDownloadProg"));
     setWindowTitle(QStringLiteral("Program Download"));
     setModal(true);
-    QGroupBox* frame = makeGroup(QStringLiteral("fraWaitDisplay"), {});
+    QGroupBox* frame = makeFrame(QStringLiteral("fraWaitDisplay"), {});
     auto* inside = new QVBoxLayout(frame);
     inside->setContentsMargins(36, 24, 36, 24);
     inside->addWidget(m_progress, 0, Qt::AlignCenter);

@@ -3,8 +3,8 @@
 #include "maintenance/board_fields.h"
 #include "maintenance/fault_page.h"
 #include "maintenance/identity_page.h"
-#include "maintenance/layout_helpers.h"
 #include "shell/helpers.h"
+#include "shell/named_controls.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

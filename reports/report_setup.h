@@ -32,7 +32,6 @@ class ReportSetup : public QDialog
 public:
     ReportSetup(ProgramState& state, const ReportActions& actions, QWidget* parent = nullptr);
 
-public slots:
     void accept() override;
 
 protected:

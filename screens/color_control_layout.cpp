@@ -107,7 +107,7 @@ QGroupBox* ColorControlScreen::makeStatusFrame()
         const QString caption = QLatin1String(captions[static_cast<std::size_t>(row)]);
         QLabel* value =
             makeValueLabel(arrayName("lblStatus", 2 + row), QStringLiteral("-"), caption);
-        m_status[static_cast<std::size_t>(2 + row)] = value;
+        m_status[2 + static_cast<std::size_t>(row)] = value;
         addStatusRow(*grid, row, makeLabel(arrayName("lblDescription", 12 + row), caption), value);
     }
     return frame;

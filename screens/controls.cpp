@@ -15,20 +15,6 @@ const QString kWidestValue = QStringLiteral("00000");
 
 } // namespace
 
-QGroupBox* makeFrame(const QString& name, const QString& caption)
-{
-    auto* frame = new QGroupBox(caption);
-    frame->setObjectName(name);
-    return frame;
-}
-
-QLabel* makeLabel(const QString& name, const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    return label;
-}
-
 QLabel* makeValueLabel(const QString& name, const QString& text, const QString& accessibleName)
 {
     QLabel* label = makeLabel(name, text);

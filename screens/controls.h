@@ -1,22 +1,18 @@
 #pragma once
 
+#include "shell/named_controls.h"
+
 #include <QString>
 
 #include <initializer_list>
 #include <span>
 
-class QGroupBox;
-class QLabel;
 class QWidget;
 
 namespace tambrix {
 
 /// Size of the screens' text: read from a step away from the PC.
 inline constexpr int kScreenPoints = 13;
-
-QGroupBox* makeFrame(const QString& name, const QString& caption);
-
-QLabel* makeLabel(const QString& name, const QString& text);
 
 /// A label for a value that the controller shows: a sunken panel, the value at its right.
 QLabel* makeValueLabel(const QString& name, const QString& text, const QString& accessibleName);

@@ -1,4 +1,4 @@
-#include "maintenance/layout_helpers.h"
+#include "shell/named_controls.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -6,14 +6,14 @@
 
 namespace tambrix {
 
-QGroupBox* makeGroup(const QString& name, const QString& caption)
+QGroupBox* makeFrame(const QString& name, const QString& caption)
 {
     auto* group = new QGroupBox(caption);
     group->setObjectName(name);
     return group;
 }
 
-QLabel* makeTextLabel(const QString& name, const QString& text)
+QLabel* makeLabel(const QString& name, const QString& text)
 {
     auto* label = new QLabel(text);
     label->setObjectName(name);

@@ -8,10 +8,11 @@ class QPushButton;
 
 namespace tambrix {
 
-QGroupBox* makeGroup(const QString& name, const QString& caption);
+/// A frame with its caption; `name` is its control name.
+QGroupBox* makeFrame(const QString& name, const QString& caption);
 
-/// A label whose text changes; `name` is its control name.
-QLabel* makeTextLabel(const QString& name, const QString& text);
+/// A label whose text is shown as it is.
+QLabel* makeLabel(const QString& name, const QString& text);
 
 /// A button that does not take Enter for itself: Enter moves on from field to field.
 QPushButton* makeButton(const QString& name, const QString& caption);
