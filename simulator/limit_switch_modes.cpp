@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -168,8 +169,10 @@ std::unique_ptr<BoardMode> value(std::uint16_t address, const BoardParts& board)
 std::unique_ptr<BoardMode> block(int index, const BoardParts& board)
 {
     constexpr std::size_t kEntries = 6;
-    return programming(7, kEntries, board, [=, &model = board.limitSwitch](const Bytes& data) {
-        std::ranges::copy(data, model.configuration.begin() + index * int{kEntries});
+    const std::size_t first = static_cast<std::size_t>(index) * kEntries;
+    return programming(7, kEntries, board, [first, &model = board.limitSwitch](const Bytes& data) {
+        std::ranges::copy(
+            data, std::next(model.configuration.begin(), static_cast<std::ptrdiff_t>(first)));
     });
 }
 
