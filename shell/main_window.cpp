@@ -16,8 +16,7 @@ namespace {
 
 constexpr int kPollInterval = 500; // ms
 constexpr int kTitlePoints = 13;
-constexpr QSize kFirstSize(1180, 700); // the frame included it fits 1366 x 768
-constexpr QSize kSmallestSize(720, 480);
+constexpr QSize kFirstSize(1280, 690); // the frame included it fits 1366 x 768
 const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
 constexpr const char* kAlarmRegister = "B65";
 constexpr const char* kPasscodeRegister = "W1298";
@@ -43,7 +42,6 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
       m_screenTitle(makeScreenTitle())
 {
     setObjectName(QStringLiteral("frmTambrix"));
-    setMinimumSize(kSmallestSize);
     resize(kFirstSize);
     auto* place = new QWidget;
     m_screenPlace = new QVBoxLayout(place);
