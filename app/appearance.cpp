@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QPalette>
 #include <QStyle>
 
 #ifdef TAMBRIX_ASK_DESKTOP
@@ -47,31 +46,15 @@ bool desktopPrefersDark()
     return value.toUInt() == kDark;
 }
 
-#else
-
-bool desktopPrefersDark()
-{
-    return false; // Qt follows the desktop by itself
-}
-
 #endif
 
-QPalette darkPalette()
+constexpr QPalette::ColorRole kTextRoles[] = {QPalette::WindowText, QPalette::Text,
+                                              QPalette::ButtonText, QPalette::ToolTipText};
+
+void setDisabledText(QPalette& palette, const QColor& color)
 {
-    const QColor text(0xe6, 0xe6, 0xe6);
-    QPalette palette(QColor(0x3a, 0x3d, 0x41), QColor(0x2b, 0x2d, 0x30));
-    palette.setColor(QPalette::Base, QColor(0x1f, 0x21, 0x23));
-    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2d, 0x30));
-    palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x41));
-    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb5));
-    palette.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf0));
-    palette.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                            QPalette::ToolTipText, QPalette::HighlightedText}) {
-        palette.setColor(role, text);
-        palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
-    }
-    return palette;
+    for (const auto role : kTextRoles)
+        palette.setColor(QPalette::Disabled, role, color);
 }
 
 } // namespace
@@ -83,13 +66,39 @@ void applyAppearance(bool styleAskedFor)
     if (styleAskedFor)
         return;
     QApplication::setStyle(QStringLiteral("Fusion"));
-    if (desktopPrefersDark())
-        QApplication::setPalette(darkPalette());
+#ifdef TAMBRIX_ASK_DESKTOP
+    QApplication::setPalette(desktopPrefersDark() ? darkPalette() : lightPalette());
+#endif
 #else
     Q_UNUSED(styleAskedFor)
-    Q_UNUSED(desktopPrefersDark)
-    Q_UNUSED(darkPalette)
 #endif
+}
+
+QPalette lightPalette()
+{
+    QPalette palette = QApplication::style()->standardPalette();
+    setDisabledText(palette, QColor(0x8a, 0x8a, 0x8a)); // the style's own hardly shows
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        palette.setColor(group, QPalette::Highlight, QColor(0x28, 0x6f, 0xa8));
+    return palette;
+}
+
+QPalette darkPalette()
+{
+    const QColor text(0xe6, 0xe6, 0xe6);
+    QPalette palette(QColor(0x40, 0x44, 0x48), QColor(0x32, 0x35, 0x39));
+    palette.setColor(QPalette::Base, QColor(0x1b, 0x1d, 0x1f));
+    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2d, 0x30));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x41));
+    palette.setColor(QPalette::Highlight, QColor(0x28, 0x62, 0xa4));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x46, 0x4a, 0x4f));
+    palette.setColor(QPalette::HighlightedText, text);
+    palette.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf0));
+    palette.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
+    for (const auto role : kTextRoles)
+        palette.setColor(role, text);
+    setDisabledText(palette, QColor(0x96, 0x96, 0x96));
+    return palette;
 }
 
 } // namespace tambrix

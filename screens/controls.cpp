@@ -24,7 +24,8 @@ QLabel* makeValueLabel(const QString& name, const QString& text, const QString& 
     label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    label->setContentsMargins(8, 2, 8, 2);
+    label->setMargin(2); // inside the frame
+    label->setIndent(6);
     return label;
 }
 

@@ -46,6 +46,7 @@ constexpr std::array kInputNames = {"Ductor Control - Auto",
 
 const QColor kOnColor(0, 0, 255);
 const QColor kOffColor(192, 0, 0);
+const QColor kPlate(240, 240, 240); // both colors read well on it, on a dark desktop too
 
 /// "(B100.3)    3:" and, counted in octal, "(B131.3)  13:".
 QString terminal(int row, int lowRegister, int highRegister)
@@ -91,6 +92,17 @@ struct SlotFrame
     std::function<QString(int row)> rowName;
 };
 
+QLabel* makeLamp(const QString& name, const QString& text, const QString& accessibleName)
+{
+    QLabel* lamp = makeValueLabel(name, text, accessibleName);
+    QPalette palette = lamp->palette();
+    palette.setColor(QPalette::Window, kPlate);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, Qt::darkGray);
+    lamp->setPalette(palette);
+    lamp->setAutoFillBackground(true);
+    return lamp;
+}
+
 QGroupBox* makeSlot(const SlotFrame& slot, int frameIndex, std::span<QLabel*> states)
 {
     QGroupBox* frame = makeFrame(arrayName("fraBMIO", frameIndex), QLatin1String(slot.caption));
@@ -99,7 +111,7 @@ QGroupBox* makeSlot(const SlotFrame& slot, int frameIndex, std::span<QLabel*> st
     for (int row = 0; row < static_cast<int>(states.size()); ++row) {
         const QString name = slot.rowName(row);
         QLabel*& state = states[static_cast<std::size_t>(row)];
-        state = makeValueLabel(arrayName(slot.stateName, row), QStringLiteral("OFF"), name);
+        state = makeLamp(arrayName(slot.stateName, row), QStringLiteral("OFF"), name);
         grid->addWidget(makeLabel(arrayName(slot.name, row),
                                   terminal(row, slot.lowRegister, slot.highRegister)),
                         row, 0);
@@ -131,8 +143,7 @@ QGroupBox* IoStatusScreen::makeModule()
     for (int row = 0; row < static_cast<int>(kModuleRows); ++row) {
         const auto entry = static_cast<std::size_t>(row);
         const QString caption = QLatin1String(kModuleCaptions[entry]);
-        m_module[entry] =
-            makeValueLabel(arrayName("lblq910State", row), QStringLiteral("0"), caption);
+        m_module[entry] = makeLamp(arrayName("lblq910State", row), QStringLiteral("0"), caption);
         grid->addWidget(makeLabel(arrayName("lblq910", row), caption), row, 0);
         grid->addWidget(m_module[entry], row, 1);
     }

@@ -111,6 +111,12 @@ protected:
     }
 
     QColor color(const char* name) { return find<QLabel>(name)->palette().windowText().color(); }
+
+    QColor shade(const char* name)
+    {
+        const QImage picture = find<QLabel>(name)->grab().toImage();
+        return picture.pixelColor(picture.width() / 8, picture.height() / 2);
+    }
 };
 
 TEST_F(IoStatus, OffLineEveryStateIsAGreyDash)
@@ -138,6 +144,14 @@ TEST_F(IoStatus, EveryBitHasItsLamp)
     EXPECT_EQ(color("lblSlot00State(0)"), QColor(0, 0, 255));
     EXPECT_EQ(color("lblSlot00State(1)"), QColor(192, 0, 0));
     EXPECT_EQ(label("lblSlot00State(1)"), "off");
+}
+
+TEST_F(IoStatus, LampsAreLegibleOnADarkDesktop)
+{
+    open();
+    screen().setPalette(QPalette(Qt::black));
+    for (const char* name : {"lblq910State(0)", "lblSlot00State(3)", "lblSlot01State(15)"})
+        EXPECT_GT(shade(name).lightness(), 200) << name;
 }
 
 TEST_F(IoStatus, TheModuleShowsItsRegisters)

@@ -1,0 +1,55 @@
+#include "app/window_memory.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+namespace {
+
+struct WindowMemoryTest : testing::Test
+{
+    QTemporaryDir folder;
+    QString ini = folder.filePath("new folder/tambrix.ini");
+
+    /// Where a window of that memory comes up; then it is moved, when asked for, and closed.
+    QRect openedAt(QRect moveTo = {})
+    {
+        QWidget window;
+        window.resize(400, 300);
+        const WindowMemory memory(window, ini);
+        window.show();
+        const QRect place = window.geometry();
+        if (moveTo.isValid())
+            window.setGeometry(moveTo);
+        return place;
+    }
+};
+
+} // namespace
+
+TEST_F(WindowMemoryTest, AWindowComesBackWhereItWas)
+{
+    const QRect place(120, 90, 512, 384);
+    EXPECT_EQ(openedAt(place).size(), QSize(400, 300)); // nothing is known yet
+    EXPECT_EQ(openedAt(), place);
+    EXPECT_EQ(openedAt(), place); // and stays there
+}
+
+TEST_F(WindowMemoryTest, AWindowFromAScreenThatIsGoneComesBackIntoSight)
+{
+    openedAt(QRect(5000, 4000, 400, 300));
+    EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().intersects(openedAt()));
+}
+
+TEST_F(WindowMemoryTest, ADamagedFileMeansAFirstRun)
+{
+    openedAt(QRect(120, 90, 512, 384));
+    QSettings(ini, QSettings::IniFormat).setValue("MainWindowGeometry", QByteArray("\1\2\3"));
+    EXPECT_EQ(openedAt().size(), QSize(400, 300));
+}
