@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QPageLayout>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -17,6 +18,22 @@ namespace {
 
 constexpr QMarginsF kPageMargins(15, 15, 15, 15); // mm; within what every office printer prints
 constexpr QSize kPreviewSize(900, 660);
+
+/// The preview window lends the printer a paint engine that keeps pages as pictures.
+bool isPreview(const QPrinter& device)
+{
+    return device.paintEngine()->type() == QPaintEngine::Picture;
+}
+
+void showPages(const ReportPainter& report, QPrinter& device)
+{
+    QPainter painter(&device);
+    for (int page = 0; painter.isActive() && page < report.pageCount(); ++page) {
+        if (page > 0)
+            device.newPage();
+        report.paintPage(painter, page);
+    }
+}
 
 } // namespace
 
@@ -46,12 +63,16 @@ void Reports::print()
 {
     QPrintDialog dialog(&printer(), QApplication::activeWindow());
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const PageRange range = printer().printRange() == QPrinter::PageRange
-                                ? PageRange{printer().fromPage(), printer().toPage()}
+    if (dialog.exec() == QDialog::Accepted)
+        printOn(printer());
+}
+
+void Reports::printOn(QPrinter& device)
+{
+    const PageRange range = device.printRange() == QPrinter::PageRange
+                                ? PageRange{device.fromPage(), device.toPage()}
                                 : PageRange{};
-    StandbyWindow standby(content(), printer(), range, QApplication::activeWindow());
+    StandbyWindow standby(content(), device, range, QApplication::activeWindow());
     if (standby.make() == StandbyWindow::Outcome::Failed)
         sayFailed(QStringLiteral("The report could not be printed."),
                   QStringLiteral("Check that the printer is on and ready."));
@@ -65,15 +86,10 @@ void Reports::preview()
     dialog.resize(kPreviewSize);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                      [this](QPrinter* device) {
-                         const ReportPainter report(content(), *device);
-                         QPainter painter(device);
-                         if (!painter.isActive())
-                             return;
-                         for (int page = 0; page < report.pageCount(); ++page) {
-                             if (page > 0)
-                                 device->newPage();
-                             report.paintPage(painter, page);
-                         }
+                         if (isPreview(*device))
+                             showPages(ReportPainter(content(), *device), *device);
+                         else // the dialog's own Print button
+                             printOn(*device);
                      });
     dialog.exec();
 }

@@ -32,6 +32,7 @@ public:
 
 private:
     QPrinter& printer();
+    void printOn(QPrinter& device);
     Report content() const;
     QString proposedName() const;
     void sayFailed(const QString& what, const QString& reason);
