@@ -1,10 +1,9 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
-#include "bench/link_under_test.h"
 #include "bench/report.h"
+#include "bench/window_under_test.h"
 #include "shell/main_display.h"
-#include "shell/main_window.h"
 #include "shell/processing_dialog.h"
 
 #include <QApplication>
@@ -17,34 +16,20 @@ namespace tambrix::bench {
 
 namespace {
 
-constexpr double kBitsPerByte = 10;
 constexpr double kEfficiencyAim = 0.95;
 constexpr double kGapAim = 50; // ms
 constexpr int kFileRounds = 51;
 
-/// The program's window over a real serial device, on line, with its poll and its Main Display.
-struct TransferUnderTest
+/// The program's window on line, with its poll and its Main Display.
+struct TransferUnderTest : WindowUnderTest
 {
     TransferUnderTest(const QString& device, int baud)
-        : folder(baud),
-          serial(clock, device),
-          port(serial, clock),
-          state(QDir(QString::fromStdString(folder.path().string())), port, clock, person),
-          window(state, {[](ProgramState& s) { return std::make_unique<MainDisplay>(s); }}, {})
+        : WindowUnderTest(device, baud, {makeScreen<MainDisplay>})
     {
-        window.show();
         window.goOnline();
         if (!state.gLink.OnlineMode)
             throw std::runtime_error("the board does not answer");
     }
-
-    BenchFolder folder;
-    SteadyClock clock;
-    QtSerialPort serial;
-    RecordingPort port;
-    AbsentOperator person;
-    ProgramState state;
-    MainWindow window;
 };
 
 /// Labels 0 to 99 behind the progress dialog. Every byte out is answered by one byte back.
@@ -61,9 +46,8 @@ void transfer(TransferUnderTest& test, int code, const std::string& what, int ba
     const double longest = gap.stop();
     if (test.state.gLink.CommError)
         throw std::runtime_error("the transfer broke off");
-    const double onWire = 2 * static_cast<double>(test.port.bytes.size()) * kBitsPerByte / baud;
     report(what + ", labels 0 to 99", seconds, "s");
-    reportAtLeast("  wire efficiency", onWire / seconds, kEfficiencyAim);
+    reportAtLeast("  wire efficiency", test.bitsOnWire() / baud / seconds, kEfficiencyAim);
     reportAtMost("  longest unserved event-loop time", longest, kGapAim, "ms");
 }
 

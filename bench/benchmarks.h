@@ -34,6 +34,13 @@ void screenPasses(const QString& program);
 /// That process.
 int screensProcess(int argc, char* argv[]);
 
+/// A report of all labels as PDF against the same texts put bare on a PDF, and its peak memory.
+/// Runs in a process of its own.
+void reportPdf(const QString& program);
+
+/// That process.
+int reportProcess(int argc, char* argv[]);
+
 /// The process of `windowCost()`: serves `device`; `started` is when it was started, on the
 /// monotonic clock in ns.
 int windowProcess(int argc, char* argv[], const QString& device, qint64 started);

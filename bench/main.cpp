@@ -28,6 +28,8 @@ int runBenchmarks(const QStringList& arguments)
             screenPasses(QCoreApplication::applicationFilePath());
         if (wanted("transfer"))
             transferCost(QCoreApplication::applicationFilePath());
+        if (wanted("report"))
+            reportPdf(QCoreApplication::applicationFilePath());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "tambrix_bench: %s\n", failure.what());
         return 1;
@@ -37,7 +39,7 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-/// tambrix_bench [exchange|wire|download|window|screens|transfer]...
+/// tambrix_bench [exchange|wire|download|window|screens|transfer|report]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;
@@ -48,6 +50,8 @@ int main(int argc, char* argv[])
         return screensProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--transfer-process"))
         return transferProcess(argc, argv);
+    if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--report-process"))
+        return reportProcess(argc, argv);
     const QCoreApplication application(argc, argv);
     return runBenchmarks(QCoreApplication::arguments());
 }

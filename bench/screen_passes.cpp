@@ -1,14 +1,13 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
-#include "bench/link_under_test.h"
 #include "bench/report.h"
+#include "bench/window_under_test.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
 #include "screens/setup_screen.h"
 #include "screens/shift_data_screen.h"
 #include "shell/main_display.h"
-#include "shell/main_window.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -22,7 +21,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr double kBitsPerByte = 10;
 constexpr double kEfficiencyAim = 0.95;
 constexpr double kGapAim = 50; // ms
 constexpr auto kSettling = 700ms;
@@ -41,30 +39,18 @@ constexpr std::array kPasses = {
     ScreenUnderTest{"I/O States", 48},
 };
 
-template <typename Concrete> std::unique_ptr<Screen> make(ProgramState& state)
-{
-    return std::make_unique<Concrete>(state);
-}
-
-/// The window with all its screens over a real serial device; shows one after the other.
-class ScreensUnderTest
+/// Shows one screen after the other, on line.
+class ScreenPasses
 {
 public:
-    ScreensUnderTest(const QString& device, int baud)
+    ScreenPasses(const QString& device, int baud)
         : m_baud(baud),
-          m_folder(baud),
-          m_serial(m_clock, device),
-          m_port(m_serial, m_clock),
-          m_state(QDir(QString::fromStdString(m_folder.path().string())), m_port, m_clock,
-                  m_operator),
-          m_window(m_state,
-                   {make<MainDisplay>, make<SetupScreen>, make<ShiftDataScreen>,
-                    make<ColorControlScreen>, make<IoStatusScreen>},
-                   {}),
+          m_test(device, baud,
+                 {makeScreen<MainDisplay>, makeScreen<SetupScreen>, makeScreen<ShiftDataScreen>,
+                  makeScreen<ColorControlScreen>, makeScreen<IoStatusScreen>}),
           m_loop([] { return true; })
     {
-        m_window.show();
-        m_window.goOnline();
+        m_test.window.goOnline();
         m_loop.start(measure());
     }
 
@@ -72,9 +58,9 @@ private:
     Task measure()
     {
         for (int i = 0; i < kScreens; ++i) {
-            m_window.showScreen(i);
+            m_test.window.showScreen(i);
             co_await m_loop.pause(kSettling);
-            m_port.bytes.clear();
+            m_test.port.bytes.clear();
             m_gap.start();
             QElapsedTimer timer;
             timer.start();
@@ -82,28 +68,22 @@ private:
             const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
             tell(kPasses.at(static_cast<std::size_t>(i)), seconds, m_gap.stop());
         }
-        QApplication::exit(m_state.gLink.OnlineMode ? 0 : 1);
+        QApplication::exit(m_test.state.gLink.OnlineMode ? 0 : 1);
     }
 
     void tell(const ScreenUnderTest& screen, double seconds, double longest)
     {
-        const auto sent = static_cast<double>(m_port.bytes.size());
+        const auto sent = static_cast<double>(m_test.port.bytes.size());
         const std::string speed = std::to_string(m_baud);
         report(std::string(screen.name) + " at " + speed + ", passes",
                sent / screen.exchanges / seconds, "/s");
-        reportAtLeast("  of the wire's limit", 2 * sent * kBitsPerByte / m_baud / seconds,
+        reportAtLeast("  of the wire's limit", m_test.bitsOnWire() / m_baud / seconds,
                       kEfficiencyAim);
         reportAtMost("  longest unserved event-loop time", longest, kGapAim, "ms");
     }
 
     int m_baud;
-    BenchFolder m_folder;
-    SteadyClock m_clock;
-    QtSerialPort m_serial;
-    RecordingPort m_port;
-    AbsentOperator m_operator;
-    ProgramState m_state;
-    MainWindow m_window;
+    WindowUnderTest m_test;
     EventLoopGap m_gap;
     CooperativeLoop m_loop; // last: its frames are gone before anything that they use
 };
@@ -115,7 +95,7 @@ int screensProcess(int argc, char* argv[])
     const QApplication application(argc, argv);
     for (const int baud : {9600, 19200}) {
         const BoardProcess board({QStringLiteral("--baud"), QString::number(baud)});
-        const ScreensUnderTest screens(board.device(), baud);
+        const ScreenPasses passes(board.device(), baud);
         if (QApplication::exec() != 0)
             return 1;
     }

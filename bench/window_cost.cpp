@@ -1,10 +1,9 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
-#include "bench/link_under_test.h"
 #include "bench/report.h"
+#include "bench/window_under_test.h"
 #include "shell/main_display.h"
-#include "shell/main_window.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -20,7 +19,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int kBaud = 9600;
-constexpr double kBitsPerByte = 10;
 constexpr auto kSettling = 1s;
 constexpr auto kMeasuring = 8s;
 
@@ -40,22 +38,16 @@ double processorSeconds()
     return seconds(use.ru_utime) + seconds(use.ru_stime);
 }
 
-/// The program's window as main() builds it, over a real serial device.
-class WindowUnderTest : public QObject
+/// What the window costs while nobody touches it: off line, then on line.
+class WindowCost : public QObject
 {
 public:
-    WindowUnderTest(const QString& device, double started)
+    WindowCost(const QString& device, double started)
         : m_started(started),
-          m_folder(kBaud),
-          m_serial(m_clock, device),
-          m_port(m_serial, m_clock),
-          m_state(QDir(QString::fromStdString(m_folder.path().string())), m_port, m_clock,
-                  m_operator),
-          m_window(m_state, {[](ProgramState& s) { return std::make_unique<MainDisplay>(s); }}, {}),
+          m_test(device, kBaud, {makeScreen<MainDisplay>}),
           m_loop([] { return true; })
     {
-        m_window.installEventFilter(this);
-        m_window.show();
+        m_test.window.installEventFilter(this);
         m_loop.start(measure());
     }
 
@@ -79,15 +71,15 @@ private:
         co_await m_loop.pause(kSettling);
         report("start to first painted window", m_firstPaint * 1000, "ms");
         co_await processorUse("processor use off line, of one core", 1);
-        m_window.goOnline();
-        if (!m_state.gLink.OnlineMode) {
+        m_test.window.goOnline();
+        if (!m_test.state.gLink.OnlineMode) {
             QApplication::exit(1);
             co_return;
         }
         co_await processorUse("processor use on line at 9600, Main Display, of one core", 5);
         co_await longestGap();
         report("peak memory", peakMemory(), "MiB");
-        QApplication::exit(m_state.gLink.OnlineMode ? 0 : 1);
+        QApplication::exit(m_test.state.gLink.OnlineMode ? 0 : 1);
     }
 
     Task processorUse(std::string what, double aim)
@@ -95,13 +87,12 @@ private:
         co_await m_loop.pause(kSettling);
         const double wallStart = monotonicNow();
         const double start = processorSeconds();
-        m_port.bytes.clear();
+        m_test.port.bytes.clear();
         co_await m_loop.pause(kMeasuring);
         const double wall = monotonicNow() - wallStart;
         reportAtMost(what, (processorSeconds() - start) / wall * 100, aim, "%");
-        if (m_state.gLink.OnlineMode)
-            report("  meanwhile, share of the wire in use",
-                   2 * static_cast<double>(m_port.bytes.size()) * kBitsPerByte / kBaud / wall, "");
+        if (m_test.state.gLink.OnlineMode)
+            report("  meanwhile, share of the wire in use", m_test.bitsOnWire() / kBaud / wall, "");
     }
 
     Task longestGap()
@@ -113,13 +104,7 @@ private:
 
     double m_started;
     double m_firstPaint = 0;
-    BenchFolder m_folder;
-    SteadyClock m_clock;
-    QtSerialPort m_serial;
-    RecordingPort m_port;
-    AbsentOperator m_operator;
-    ProgramState m_state;
-    MainWindow m_window;
+    WindowUnderTest m_test;
     EventLoopGap m_gap;
     CooperativeLoop m_loop; // last: its frames are gone before anything that they use
 };
@@ -129,7 +114,7 @@ private:
 int windowProcess(int argc, char* argv[], const QString& device, qint64 started)
 {
     const QApplication application(argc, argv);
-    const WindowUnderTest window(device, static_cast<double>(started) / 1e9);
+    const WindowCost cost(device, static_cast<double>(started) / 1e9);
     return QApplication::exec();
 }
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "bench/link_under_test.h"
+#include "shell/main_window.h"
+
+namespace tambrix::bench {
+
+template <typename Concrete> std::unique_ptr<Screen> makeScreen(ProgramState& state)
+{
+    return std::make_unique<Concrete>(state);
+}
+
+/// The program's window as main() builds it, over a real serial device, shown and off line.
+struct WindowUnderTest
+{
+    WindowUnderTest(const QString& device, int baud, ScreenTable screens);
+
+    /// Bits on the wire since the port's bytes were last cleared: each byte out brings one back.
+    double bitsOnWire() const;
+
+    BenchFolder folder;
+    SteadyClock clock;
+    QtSerialPort serial;
+    RecordingPort port;
+    AbsentOperator person;
+    ProgramState state;
+    MainWindow window;
+};
+
+} // namespace tambrix::bench
