@@ -2,7 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QStyle>
+#include <QProxyStyle>
 
 #ifdef TAMBRIX_ASK_DESKTOP
 #include <QDBusInterface>
@@ -48,6 +48,21 @@ bool desktopPrefersDark()
 
 #endif
 
+/// Fusion, but no dialog button has an icon: the desktop has one for OK and none for our own.
+class CalmStyle : public QProxyStyle
+{
+public:
+    CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
 constexpr QPalette::ColorRole kTextRoles[] = {QPalette::WindowText, QPalette::Text,
                                               QPalette::ButtonText, QPalette::ToolTipText};
 
@@ -65,7 +80,7 @@ void applyAppearance(bool styleAskedFor)
 #if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
     if (styleAskedFor)
         return;
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new CalmStyle); // the application owns it
 #ifdef TAMBRIX_ASK_DESKTOP
     QApplication::setPalette(desktopPrefersDark() ? darkPalette() : lightPalette());
 #endif

@@ -66,7 +66,6 @@ AboutBox::AboutBox(const ProgramState& state, QWidget* parent) : QDialog(parent)
     whole->addSpacing(kParagraphGap);
     whole->addWidget(buttons);
     whole->setSizeConstraint(QLayout::SetFixedSize);
-    adjustSize();
     CenterForm(*this);
 }
 

@@ -36,6 +36,8 @@ QString existingFile(const QString& path)
 
 void CenterForm(QWidget& dialog)
 {
+    if (!dialog.testAttribute(Qt::WA_Resized)) // its size is still the window system's guess
+        dialog.adjustSize();
     const QRect desktop = dialog.screen()->availableGeometry();
     QRect frame = dialog.frameGeometry();
     frame.moveCenter(desktop.center());

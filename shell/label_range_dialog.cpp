@@ -44,7 +44,6 @@ LabelRangeDialog::LabelRangeDialog(QWidget* parent) : QDialog(parent)
     okButton->setDefault(true);
     okButton->setFocus();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
-    adjustSize();
     CenterForm(*this);
 }
 

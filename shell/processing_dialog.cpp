@@ -48,7 +48,6 @@ void ProcessingDialog::build()
     content->addWidget(cmdCancel, 0, Qt::AlignRight);
     m_prgProcessing->setMinimumWidth(kWidth);
     content->setSizeConstraint(QLayout::SetFixedSize);
-    adjustSize();
 }
 
 void ProcessingDialog::showEvent(QShowEvent* event)

@@ -1,7 +1,7 @@
 #include "app/appearance.h"
 
 #include <QApplication>
-#include <QStyle>
+#include <QProxyStyle>
 
 #include <gtest/gtest.h>
 
@@ -67,7 +67,9 @@ TEST(Appearance, AStyleThatTheUserAskedForStays)
     applyAppearance(true);
     EXPECT_EQ(QApplication::style()->objectName().toLower(), "windows");
     applyAppearance(false);
-    EXPECT_EQ(QApplication::style()->objectName().toLower(), "fusion");
+    const auto* calm = qobject_cast<QProxyStyle*>(QApplication::style());
+    ASSERT_NE(calm, nullptr);
+    EXPECT_EQ(calm->baseStyle()->objectName().toLower(), "fusion");
 }
 
 #endif
