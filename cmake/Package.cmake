@@ -1,9 +1,9 @@
 # `cmake --install` and CPack: a Debian package here, a zip with the Qt libraries on Windows.
 # The program looks for Help and Support beside itself, so all of it goes into one folder.
+include(GNUInstallDirs)
 if(WIN32)
-  set(TAMBRIX_FOLDER .)
+  set(TAMBRIX_FOLDER ${CMAKE_INSTALL_BINDIR}) # where Qt's deploy script expects the program
 else()
-  include(GNUInstallDirs)
   set(TAMBRIX_FOLDER lib/tambrix)
 endif()
 
@@ -12,11 +12,12 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/Help DESTINATION ${TAMBRIX_FOLDER})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/Support DESTINATION ${TAMBRIX_FOLDER} OPTIONAL)
 
 if(WIN32)
-  if(COMMAND qt_generate_deploy_app_script)
-    qt_generate_deploy_app_script(TARGET tambrix OUTPUT_SCRIPT deploy_script
-      NO_UNSUPPORTED_PLATFORM_ERROR)
-    install(SCRIPT ${deploy_script})
+  if(Qt6_VERSION VERSION_LESS 6.5)
+    qt_generate_deploy_app_script(TARGET tambrix FILENAME_VARIABLE deploy_script)
+  else()
+    qt_generate_deploy_app_script(TARGET tambrix OUTPUT_SCRIPT deploy_script)
   endif()
+  install(SCRIPT ${deploy_script}) # puts the Qt libraries beside the program
   set(CPACK_GENERATOR ZIP)
 else()
   set(resources ${CMAKE_CURRENT_SOURCE_DIR}/resources)

@@ -11,11 +11,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::error_code ioError()
-{
-    return std::make_error_code(std::errc::io_error);
-}
-
 /// The text after leading blanks and an opening quote: fields may come quoted or plain.
 std::string_view fieldText(std::string_view field)
 {
@@ -70,9 +65,14 @@ void writeCommSettings(const fs::path& file, const CommSettings& settings, std::
     if (error)
         return;
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    if (!stream) {
+        error = std::make_error_code(std::errc::permission_denied);
+        return;
+    }
     stream << settings.port << ',' << settings.speed << "\r\n";
     stream.close();
-    error = stream ? std::error_code{} : ioError();
+    if (!stream)
+        error = std::make_error_code(std::errc::io_error);
 }
 
 } // namespace tambrix
