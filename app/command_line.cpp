@@ -10,8 +10,6 @@ namespace tambrix {
 
 namespace {
 
-constexpr int kUsageError = 2;
-
 const QCommandLineOption kSimulate(QStringLiteral("simulate"),
                                    QStringLiteral("Talk to the built-in simulated controller."));
 const QCommandLineOption kSerialDevice(

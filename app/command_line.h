@@ -5,6 +5,9 @@
 
 namespace tambrix {
 
+/// Exit code of a command line that cannot be followed.
+inline constexpr int kUsageError = 2;
+
 /// What the command line asks for.
 struct CommandLine
 {

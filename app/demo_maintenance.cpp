@@ -22,7 +22,7 @@ QString writeSample(const QTemporaryDir& folder, char boardType, const char* bas
 {
     SampleProgram program;
     program.boardType = boardType;
-    writeSampleProgram(program, folder.path().toStdString(), baseName);
+    writeSampleProgram(program, QDir(folder.path()).filesystemPath(), baseName);
     return folder.filePath(QLatin1String(baseName) + ".fnx");
 }
 

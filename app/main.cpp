@@ -19,6 +19,7 @@
 #include "shell/main_window.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -64,9 +65,19 @@ QString userSettings()
            QStringLiteral("/tambrix.ini");
 }
 
-int sayAndLeave(const CommandLine& line)
+/// Says what there is to say before there is a window, and gives the exit code back.
+int sayAndLeave(const CommandLine& line, int& argc, char* argv[])
 {
+#ifdef Q_OS_WIN
+    const QApplication application(argc, argv); // a program with windows has no console there
+    QMessageBox box(line.exitCode == 0 ? QMessageBox::Information : QMessageBox::Critical,
+                    QStringLiteral("TAMBRIX"), line.text);
+    box.exec();
+#else
+    Q_UNUSED(argc)
+    Q_UNUSED(argv)
     std::fputs(qPrintable(line.text), line.exitCode == 0 ? stdout : stderr);
+#endif
     return line.exitCode;
 }
 
@@ -103,12 +114,6 @@ int runProgram(const CommandLine& line)
     return QApplication::exec();
 }
 
-int demoFolderMissing(const CommandLine& line)
-{
-    std::fprintf(stderr, "tambrix: cannot make the folder '%s'.\n", qPrintable(line.demoFolder));
-    return 2;
-}
-
 /// Looked up before the window system takes the option out of the arguments.
 bool asksForStyle(int argc, char* argv[])
 {
@@ -130,10 +135,12 @@ int main(int argc, char* argv[])
         const QCoreApplication reader(count, argv);
         line = parseCommandLine(QCoreApplication::arguments());
     }
+    if (!line.demoFolder.isEmpty() && !QDir().mkpath(line.demoFolder)) {
+        line.text = QStringLiteral("tambrix: cannot make the folder '%1'.\n").arg(line.demoFolder);
+        line.exitCode = kUsageError;
+    }
     if (!line.text.isEmpty())
-        return sayAndLeave(line);
-    if (!line.demoFolder.isEmpty() && !QDir().mkpath(line.demoFolder))
-        return demoFolderMissing(line);
+        return sayAndLeave(line, argc, argv);
 
     if (!line.demoFolder.isEmpty()) // nobody is there to use the system's own dialogs
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

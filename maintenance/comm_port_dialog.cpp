@@ -183,7 +183,7 @@ bool CommPortDialog::writeFiles()
     std::error_code error;
     writeCommSettings(file, {portNumber(), speed}, error);
     if (error) {
-        sayCannotWrite(QFileInfo(file).filePath(), QString::fromStdString(error.message()));
+        sayCannotWrite(QFileInfo(file).filePath(), QString::fromLocal8Bit(error.message()));
         return false;
     }
     return std::ranges::all_of(kToolFolders, [this](const char* folder) {
