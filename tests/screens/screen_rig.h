@@ -43,6 +43,12 @@ protected:
         open();
     }
 
+    void goOffline()
+    {
+        rig.state.gLink.OnlineMode = false;
+        rig.state.ApplyOnlineMode();
+    }
+
     void closeScreen() { m_screen.reset(); }
     Concrete& screen() { return *m_screen; }
 
