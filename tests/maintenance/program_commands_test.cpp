@@ -67,50 +67,45 @@ TEST(DownloadProgram, EveryRefusalEndsIt)
 {
     struct Refusal
     {
+        const char* name;
         bool online;
         std::deque<BoxAnswer> answers;
-        bool pick;
-        std::size_t boxes;
+        char boardType; ///< of the program that is picked; 0: none is
+        std::vector<std::string> titles;
     };
+    const std::string offline = "Program Offline";
+    const std::string download = "Program Download";
     const Refusal refusals[] = {
-        {false, {BoxAnswer::No}, true, 1},                 // stays off line
-        {true, {}, false, 0},                              // file dialog cancelled
-        {true, {BoxAnswer::No}, true, 1},                  // not this program
-        {false, {BoxAnswer::Yes, BoxAnswer::No}, true, 2}, // on line, but not this program
-        {true, {BoxAnswer::Yes, BoxAnswer::No}, true, 3}}; // halted at the comparison
+        {"stays off line", false, {BoxAnswer::No}, 'D', {offline}},
+        {"file dialog cancelled", true, {}, 0, {}},
+        {"not this program", true, {BoxAnswer::No}, 'D', {download}},
+        {"on line, not this program", false, {BoxAnswer::Yes}, 'D', {offline, download}},
+        {"for another board", true, {BoxAnswer::Yes}, 'E', {"PLS Program Download"}},
+        {"halted at the comparison",
+         true,
+         {BoxAnswer::Yes},
+         'D',
+         {download, "Program Download - [DUCTCTR2]", download}}};
     for (const Refusal& refusal : refusals) {
+        SCOPED_TRACE(refusal.name);
         CommandRig rig;
         if (refusal.online)
             rig.goOnline();
-        if (refusal.pick)
-            rig.person.chosenFiles = {rig.writeProgram()};
+        if (refusal.boardType != 0)
+            rig.person.chosenFiles = {rig.writeProgram(refusal.boardType)};
         rig.person.answers = refusal.answers;
         rig.commands.downloadProgram();
-        EXPECT_EQ(rig.person.boxes.size(), refusal.boxes);
+        std::vector<std::string> titles;
+        for (const MessageBox& box : rig.person.boxes)
+            titles.push_back(box.title);
+        EXPECT_EQ(titles, refusal.titles);
         EXPECT_EQ(rig.board.program().recordsTaken, 0u);
         EXPECT_TRUE(rig.poll.isActive());
+        if (titles == std::vector{offline}) {
+            EXPECT_EQ(rig.lastText(), "Program is Currently OFFLINE\r\n\r\n"
+                                      "Do You Wish to Switch to ONLINE MODE to Continue?");
+        }
     }
-}
-
-TEST(DownloadProgram, OffLineAsksFirst)
-{
-    CommandRig rig;
-    rig.commands.downloadProgram();
-    ASSERT_EQ(rig.person.boxes.size(), 1u);
-    EXPECT_EQ(rig.lastTitle(), "Program Offline");
-    EXPECT_EQ(rig.lastText(), "Program is Currently OFFLINE\r\n\r\n"
-                              "Do You Wish to Switch to ONLINE MODE to Continue?");
-    EXPECT_TRUE(rig.person.openQuestions.empty());
-}
-
-TEST(DownloadProgram, AnInvalidSetStopsWithItsOwnMessage)
-{
-    CommandRig rig;
-    rig.goOnline();
-    rig.person.chosenFiles = {rig.writeProgram('E')};
-    rig.commands.downloadProgram();
-    ASSERT_EQ(rig.person.boxes.size(), 1u);
-    EXPECT_EQ(rig.lastTitle(), "PLS Program Download");
 }
 
 TEST(ProgramDownloadWindow, ShowsWhereTheTransferStandsAndCannotBeClosed)

@@ -1,6 +1,7 @@
 #include "maintenance/target_board_window.h"
 
 #include "maintenance/board_codes.h"
+#include "shell/helpers.h"
 #include "shell/numeric_entry_field.h"
 #include "tests/support/maintenance_rig.h"
 
@@ -8,7 +9,6 @@
 #include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTest>
 
 #include <array>
@@ -46,18 +46,20 @@ struct BoardRig : MaintenanceRig
     /// The revision is the last thing that the first pass reads.
     bool firstPassEnds()
     {
-        return eventually(
-            [this] { return label("lblRevIdentInPLC(1)").text() == "3" && field(0) == "01"; });
+        return eventually([this] { return inBoard(1) == "3" && field(0) == "01"; });
     }
 
     QLabel& label(const char* name) { return controlOf<QLabel>(*window, name); }
     QPushButton& button(const char* name) { return controlOf<QPushButton>(*window, name); }
-    QString box(const char* name) { return controlOf<QPlainTextEdit>(*window, name).toPlainText(); }
-    NumericEntryField& entry(int index)
+    template <typename Control> Control& nth(const char* name, int index)
     {
-        return controlOf<NumericEntryField>(*window,
-                                            qPrintable(QStringLiteral("txtSetup(%1)").arg(index)));
+        return controlOf<Control>(*window, qPrintable(arrayName(name, index)));
     }
+    QString code(int index) { return nth<QLabel>("lblTargetBoard", index).text(); }
+    QString text(int index) { return nth<QPlainTextEdit>("txtTargetBoard", index).toPlainText(); }
+    QString inBoard(int row) { return nth<QLabel>("lblRevIdentInPLC", row).text(); }
+    QString onDisk(int row) { return nth<QLabel>("lblRevIdentOnDisk", row).text(); }
+    NumericEntryField& entry(int index) { return nth<NumericEntryField>("txtSetup", index); }
     QString field(int index) { return entry(index).text(); }
     /// Types into network address 1 and leaves it there.
     NumericEntryField& typeAddress(const char* keys)
@@ -71,116 +73,66 @@ struct BoardRig : MaintenanceRig
     bool shown(const char* name) { return label(name).isVisibleTo(label(name).parentWidget()); }
 };
 
-struct FaultCase
-{
-    const char* name;
-    int current, last, error, lastError;
-    bool resettable;
-};
-
-class Faults : public testing::TestWithParam<FaultCase>
-{
-};
-
 } // namespace
 
-TEST(TargetBoardWindow, HasItsTabsAndButtons)
+TEST(TargetBoardWindow, ShowsFaultsWithTextAndCorrectiveAction)
 {
-    BoardRig rig;
-    rig.show();
-    EXPECT_EQ(rig.window->windowTitle(), "Target Board Interface");
-    auto& tabs = controlOf<QTabWidget>(*rig.window, "tabTargetBoard");
-    const QStringList captions = {"Set Network Address", "Fault Codes / Status",
-                                  "Program Ident/Revision", "Set Time && Date"};
-    ASSERT_EQ(tabs.count(), captions.size());
-    for (int i = 0; i < tabs.count(); ++i) {
-        EXPECT_EQ(tabs.tabText(i), captions[i]);
-        EXPECT_EQ(tabs.widget(i)->objectName(), QStringLiteral("fraTargetBoard(%1)").arg(i));
-        tabs.setCurrentIndex(i);
-        for (int other = 0; other < tabs.count(); ++other)
-            EXPECT_EQ(tabs.widget(other)->isVisible(), other == i);
+    struct Case
+    {
+        const char* name;
+        int current, last, error, lastError;
+        bool resettable;
+    };
+    const Case cases[] = {{"none", 0, 0, 0, 0, false},
+                          {"all four", 0x1F, 0x45, 0x42, 0x12, true},
+                          {"letters do not enable the reset", 0x0A, 0xA5, 0xFF, 0x0C, false},
+                          {"an error alone does", 0, 0, 1, 0, true}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        BoardRig rig;
+        const std::array codes = {c.current, c.last, c.lastError, c.error};
+        for (std::size_t i = 0; i < codes.size(); ++i)
+            rig.board.poke(kFaultRegisters[i], static_cast<std::uint8_t>(codes[i]));
+        rig.showOnline();
+        EXPECT_EQ(rig.code(0), "Current Fault: Code = " + codeText(c.current) + "H");
+        EXPECT_EQ(rig.code(1), "Last Fault: Code = " + codeText(c.last) + "H");
+        EXPECT_EQ(rig.code(4), "Current Comm Error: Code = " + codeText(c.error) + "H");
+        EXPECT_EQ(rig.code(5), "Last Comm Error: Code = " + codeText(c.lastError) + "H");
+        EXPECT_EQ(rig.text(3), correctiveAction(c.last));
+        EXPECT_EQ(rig.button("cmdResetFaults").isEnabled(), c.resettable);
+        if (c.current != 0x1F)
+            continue;
+        EXPECT_EQ(rig.text(0), "CO-CPU");
+        EXPECT_EQ(rig.text(1), "User");
+        EXPECT_EQ(rig.text(4), "Broken");
+        EXPECT_EQ(rig.text(5), "Network");
     }
-    EXPECT_EQ(rig.button("cmdGoOnline").text(), "&Go Online");
-    EXPECT_EQ(rig.button("cmdResetFaults").text(), "&Reset Faults");
-    rig.button("cmdOk").click();
-    EXPECT_FALSE(rig.window->isVisible());
-    const std::size_t bytes = rig.line.exchanges();
-    PressRig::turns(50);
-    EXPECT_EQ(rig.line.exchanges(), bytes);
-}
-
-TEST_P(Faults, ShowWithTextAndCorrectiveAction)
-{
-    const FaultCase& fault = GetParam();
-    BoardRig rig;
-    rig.board.poke(8176, static_cast<std::uint8_t>(fault.current));
-    rig.board.poke(8177, static_cast<std::uint8_t>(fault.last));
-    rig.board.poke(8179, static_cast<std::uint8_t>(fault.error));
-    rig.board.poke(8178, static_cast<std::uint8_t>(fault.lastError));
-    rig.showOnline();
-    const auto caption = [](const char* text, int code) { return text + codeText(code) + "H"; };
-    EXPECT_EQ(rig.label("lblTargetBoard(0)").text(),
-              caption("Current Fault: Code = ", fault.current));
-    EXPECT_EQ(rig.label("lblTargetBoard(1)").text(), caption("Last Fault: Code = ", fault.last));
-    EXPECT_EQ(rig.label("lblTargetBoard(4)").text(),
-              caption("Current Comm Error: Code = ", fault.error));
-    EXPECT_EQ(rig.label("lblTargetBoard(5)").text(),
-              caption("Last Comm Error: Code = ", fault.lastError));
-    EXPECT_EQ(rig.box("txtTargetBoard(3)"), correctiveAction(fault.last));
-    EXPECT_EQ(rig.button("cmdResetFaults").isEnabled(), fault.resettable);
-}
-
-INSTANTIATE_TEST_SUITE_P(Table, Faults,
-                         testing::Values(FaultCase{"None", 0, 0, 0, 0, false},
-                                         FaultCase{"CoCpu", 0x1F, 0x3F, 0, 0x12, true},
-                                         FaultCase{"FirstOfTheBoard", 0, 0x40, 0, 0, true},
-                                         FaultCase{"Cable", 0x42, 0x42, 0x42, 0x42, true},
-                                         FaultCase{"UserProgram", 0x45, 0x45, 0, 0, true},
-                                         FaultCase{"InvalidProgram", 0x5C, 0x5D, 0, 0, true},
-                                         FaultCase{"LastOfTheBoard", 0, 0x7A, 0, 0, true},
-                                         FaultCase{"BeyondTheBoard", 0, 0x7B, 0, 0, true},
-                                         FaultCase{"LettersDoNotEnableTheReset", 0x0A, 0xA5, 0xFF,
-                                                   0x0C, false},
-                                         FaultCase{"AnErrorAloneDoes", 0, 0, 1, 0, true}),
-                         [](const auto& row) { return row.param.name; });
-
-TEST(TargetBoardWindow, FaultTextsComeFromTheFilesAndGoWithTheFault)
-{
-    BoardRig rig;
-    rig.board.poke(8176, 0x1F);
-    rig.showOnline();
-    EXPECT_EQ(rig.box("txtTargetBoard(0)"), "CO-CPU");
-    EXPECT_EQ(rig.box("txtTargetBoard(1)"), "User");
-    EXPECT_EQ(rig.box("txtTargetBoard(5)"), "Network");
 }
 
 TEST(TargetBoardWindow, ComparesTheProgramInTheBoardWithTheOneOnDisk)
 {
     BoardRig rig;
     rig.showOnline();
-    EXPECT_EQ(rig.label("lblRevIdentInPLC(0)").text(), "DUCTCTRL");
-    EXPECT_EQ(rig.label("lblRevIdentInPLC(1)").text(), "3");
-    EXPECT_EQ(rig.label("lblRevIdentInPLC(2)").text(), "90");
-    EXPECT_EQ(rig.label("lblRevIdentOnDisk(0)").text(), "DUCTCTR2");
-    EXPECT_EQ(rig.label("lblRevIdentOnDisk(1)").text(), "4");
-    EXPECT_EQ(rig.label("lblRevIdentOnDisk(3)").text(), "Q900(PLC)");
+    EXPECT_EQ(rig.inBoard(0), "DUCTCTRL");
+    EXPECT_EQ(rig.inBoard(1), "3");
+    EXPECT_EQ(rig.inBoard(2), "90");
+    EXPECT_EQ(rig.onDisk(0), "DUCTCTR2");
+    EXPECT_EQ(rig.onDisk(1), "4");
+    EXPECT_EQ(rig.onDisk(3), "Q900(PLC)");
     const QFileInfo image(rig.folder.filePath("ink.hex"));
-    EXPECT_EQ(rig.label("lblRevIdentOnDisk(4)").text(),
-              QLocale().toString(image.lastModified(), QLocale::ShortFormat));
+    EXPECT_EQ(rig.onDisk(4), QLocale().toString(image.lastModified(), QLocale::ShortFormat));
 }
 
 TEST(TargetBoardWindow, MissingCompanionsShowAsDashes)
 {
     BoardRig rig;
-    TargetBoardWindow window(rig.state);
-    window.InitializeForm(rig.write("alone.fnx", "A"));
+    rig.show();
+    rig.window->InitializeForm(rig.write("alone.fnx", "A"));
     const char* expected[] = {"-", "0", "0", "H810", "-"};
-    for (int i = 0; i < 5; ++i) {
-        const QString name = QStringLiteral("lblRevIdentOnDisk(%1)").arg(i);
-        EXPECT_EQ(controlOf<QLabel>(window, qPrintable(name)).text(), expected[i]);
-    }
-    window.InitializeForm(rig.folder.filePath("missing.fnx"));
-    EXPECT_EQ(controlOf<QLabel>(window, "lblRevIdentOnDisk(3)").text(), "Q900(PLC)");
+    for (int row = 0; row < 5; ++row)
+        EXPECT_EQ(rig.onDisk(row), expected[row]) << row;
+    rig.window->InitializeForm(rig.folder.filePath("missing.fnx"));
+    EXPECT_EQ(rig.onDisk(3), "Q900(PLC)");
 }
 
 TEST(TargetBoardWindow, ShowsWhatTheBoardTypeHas)
@@ -193,16 +145,15 @@ TEST(TargetBoardWindow, ShowsWhatTheBoardTypeHas)
         const bool clock = type == '6' || type == 'A';
         EXPECT_EQ(rig.shown("lblTargetBoard(2)"), type == '2');
         EXPECT_EQ(rig.shown("lblSetup(1)"), type == 'A');
-        EXPECT_EQ(rig.shown("lblSetup(0)"), true);
         EXPECT_EQ(rig.button("cmdSetToCurrTime").isEnabled(), clock);
         EXPECT_EQ(rig.button("cmdSetToCurrDate").isEnabled(), clock);
         ASSERT_TRUE(rig.eventually([&] { return !clock || rig.field(7) == "24"; }));
         EXPECT_EQ(rig.field(7), clock ? "24" : "-");
         EXPECT_EQ(rig.entry(2).isEnabled(), clock);
         EXPECT_EQ(rig.field(1), type == 'A' ? "02" : "");
-        if (type != '2')
-            continue;
-        EXPECT_EQ(rig.label("lblTargetBoard(2)").text(), "CO-CPU Slot: 11");
+        if (type == '2') {
+            EXPECT_EQ(rig.code(2), "CO-CPU Slot: 11");
+        }
     }
 }
 
@@ -210,8 +161,8 @@ TEST(TargetBoardWindow, OffLineItSaysSoAndGoesOnLine)
 {
     BoardRig rig;
     rig.show();
-    EXPECT_TRUE(rig.eventually(
-        [&] { return rig.box("txtTargetBoard(0)") == "Cannot Communicate with Target Board."; }));
+    EXPECT_TRUE(
+        rig.eventually([&] { return rig.text(0) == "Cannot Communicate with Target Board."; }));
     EXPECT_TRUE(rig.button("cmdGoOnline").isVisible());
     EXPECT_FALSE(rig.button("cmdResetFaults").isEnabled());
     EXPECT_FALSE(rig.entry(0).isEnabled());
@@ -220,7 +171,7 @@ TEST(TargetBoardWindow, OffLineItSaysSoAndGoesOnLine)
     EXPECT_TRUE(rig.firstPassEnds());
     EXPECT_FALSE(rig.button("cmdGoOnline").isVisible());
     EXPECT_TRUE(rig.entry(0).isEnabled());
-    EXPECT_EQ(rig.box("txtTargetBoard(0)"), "Nothing");
+    EXPECT_EQ(rig.text(0), "Nothing");
 }
 
 TEST(TargetBoardWindow, ABoardThatDoesNotAnswerShowsAsTheCableCode)
@@ -232,11 +183,11 @@ TEST(TargetBoardWindow, ABoardThatDoesNotAnswerShowsAsTheCableCode)
     EXPECT_TRUE(rig.eventually([&] { return rig.button("cmdGoOnline").isVisible(); }));
     EXPECT_FALSE(rig.state.gLink.OnlineMode);
     EXPECT_EQ(rig.person.boxes.size(), 1u); // the link's own box, once
-    for (const char* name : {"lblTargetBoard(0)", "lblTargetBoard(1)", "lblTargetBoard(4)"})
-        EXPECT_TRUE(rig.label(name).text().endsWith("Code = 42H")) << name;
-    EXPECT_EQ(rig.box("txtTargetBoard(3)"), correctiveAction(0x42));
-    EXPECT_EQ(rig.box("txtTargetBoard(4)"), "Broken");
-    EXPECT_EQ(rig.box("txtTargetBoard(0)"), "Cannot Communicate with Target Board.");
+    for (const int index : {0, 1, 4})
+        EXPECT_TRUE(rig.code(index).endsWith("Code = 42H")) << index;
+    EXPECT_EQ(rig.text(3), correctiveAction(0x42));
+    EXPECT_EQ(rig.text(4), "Broken");
+    EXPECT_EQ(rig.text(0), "Cannot Communicate with Target Board.");
 }
 
 TEST(TargetBoardWindow, ResetClearsTheFourRegistersAndReadsAfresh)
@@ -260,9 +211,8 @@ TEST(TargetBoardWindow, ResetClearsTheFourRegistersAndReadsAfresh)
     reset.click();
     for (const std::uint16_t reg : kFaultRegisters)
         EXPECT_EQ(rig.board.peek(reg), 0);
-    EXPECT_TRUE(rig.eventually(
-        [&] { return rig.label("lblTargetBoard(0)").text() == "Current Fault: Code = 00H"; }));
-    EXPECT_TRUE(rig.eventually([&] { return rig.box("txtTargetBoard(3)") == "None"; }));
+    EXPECT_TRUE(rig.eventually([&] { return rig.code(0) == "Current Fault: Code = 00H"; }));
+    EXPECT_TRUE(rig.eventually([&] { return rig.text(3) == "None"; }));
     EXPECT_FALSE(reset.isEnabled());
 }
 
@@ -311,7 +261,7 @@ TEST(TargetBoardWindow, SetsTheBoardsClockFromThePcs)
     EXPECT_TRUE(rig.eventually([&] { return rig.label("lblCurrTime").text().endsWith("22"); }));
 }
 
-TEST(TargetBoardWindow, AnEntryIsWrittenAtOnceAndLeftAloneWhileTyped)
+TEST(TargetBoardWindow, AnEntryIsLeftAloneWhileTypedThenCheckedAndWritten)
 {
     BoardRig rig;
     rig.showOnline();
@@ -321,34 +271,34 @@ TEST(TargetBoardWindow, AnEntryIsWrittenAtOnceAndLeftAloneWhileTyped)
     EXPECT_EQ(address.text(), "17"); // the refresh keeps off
     QTest::keyClick(&address, Qt::Key_Return);
     EXPECT_EQ(rig.board.peek(8180), 17);
+    address.stepBy(1);
+    EXPECT_EQ(rig.board.peek(8180), 18);
     EXPECT_TRUE(rig.person.boxes.empty());
-}
 
-TEST(TargetBoardWindow, AnEntryBeyondItsLimitsIsRefused)
-{
-    BoardRig rig;
-    rig.showOnline();
-    NumericEntryField& address = rig.typeAddress("33");
-    QTest::keyClick(&address, Qt::Key_Return);
+    QTest::keyClick(&rig.typeAddress("33"), Qt::Key_Return);
     EXPECT_TRUE(rig.eventually([&] { return !rig.person.boxes.empty(); }));
     EXPECT_EQ(rig.lastTitle(), "Set-upCurrent Network Address 1:");
     EXPECT_EQ(rig.lastText(), "Only a Number Between 1 and 32 can be Entered");
-    EXPECT_EQ(rig.board.peek(8180), 1);
-    address.stepBy(1);
-    EXPECT_EQ(rig.board.peek(8180), 2);
+    EXPECT_EQ(rig.board.peek(8180), 18);
 }
 
-TEST(TargetBoardWindow, ItsLoopStandsStillUnderAModalWindow)
+TEST(TargetBoardWindow, ItsLoopStandsStillUnderAModalWindowAndAfterOk)
 {
     BoardRig rig;
     rig.showOnline();
+    const auto standsStill = [&] {
+        PressRig::turns(5);
+        const std::size_t bytes = rig.line.exchanges();
+        PressRig::turns(100);
+        return rig.line.exchanges() == bytes;
+    };
     QDialog above(rig.window.get());
     above.setModal(true);
     above.show();
-    PressRig::turns(5);
-    const std::size_t bytes = rig.line.exchanges();
-    PressRig::turns(100);
-    EXPECT_EQ(rig.line.exchanges(), bytes);
+    EXPECT_TRUE(standsStill());
     above.close();
-    EXPECT_TRUE(rig.eventually([&] { return rig.line.exchanges() > bytes; }));
+    EXPECT_TRUE(rig.eventually([&] { return !standsStill(); }));
+    rig.button("cmdOk").click();
+    EXPECT_FALSE(rig.window->isVisible());
+    EXPECT_TRUE(standsStill());
 }
