@@ -13,10 +13,10 @@ endif()
 add_library(tambrix_warnings INTERFACE)
 target_include_directories(tambrix_warnings INTERFACE ${CMAKE_SOURCE_DIR})
 if(MSVC)
-  target_compile_options(tambrix_warnings INTERFACE /W4 /WX /permissive- /utf-8)
+  target_compile_options(tambrix_warnings INTERFACE /W4 /permissive- /utf-8)
 else()
   target_compile_options(tambrix_warnings INTERFACE
-    -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+    -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 takes the standard library's own "literal" + string for overlapping copies at -O3.
     target_compile_options(tambrix_warnings INTERFACE -Wno-restrict)
