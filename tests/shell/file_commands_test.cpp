@@ -70,9 +70,11 @@ struct FileCommandsTest : testing::Test
     const std::vector<std::string> saveQuestion = {"TAMBRIX: Save Changes to File?"};
 };
 
-TEST_F(FileCommandsTest, SaveRightAfterStartUpAsksForAName)
+TEST_F(FileCommandsTest, SaveAsksForANameOnceAndWritesTheProgramsVersion)
 {
     willAnswer({}, {path("press 1.sdt")});
+    edit(8, 444);
+    state.gWorkingData.Version = "TAMBRIX_R0.9.0";
     pick("mnuFileSave");
     ASSERT_EQ(person.saveQuestions.size(), 1U);
     const FileQuestion& asked = person.saveQuestions[0];
@@ -81,24 +83,16 @@ TEST_F(FileCommandsTest, SaveRightAfterStartUpAsksForAName)
     EXPECT_EQ(asked.name, "");
     EXPECT_EQ(asked.suffix, "sdt");
     EXPECT_EQ(window.windowTitle(), "TAMBRIX - [press 1.sdt]");
-    EXPECT_EQ(inFile(path("press 1.sdt")), state.gDefaultData);
-    EXPECT_FALSE(state.gUntitled);
-    EXPECT_TRUE(person.boxes.empty());
-}
-
-TEST_F(FileCommandsTest, SaveWritesTheProgramsVersionAndRemembersWhatIsSaved)
-{
-    willAnswer({}, {path("a.sdt")});
-    edit(8, 444);
-    state.gWorkingData.Version = "TAMBRIX_R0.9.0";
-    pick("mnuFileSaveAs");
-    EXPECT_EQ(inFile(path("a.sdt")).Version, state.gProgramVersion);
+    EXPECT_EQ(inFile(path("press 1.sdt")).Version, state.gProgramVersion);
     EXPECT_FALSE(state.hasUnsavedChanges());
+
     edit(8, 445);
     pick("mnuFileSave"); // has its name now
     EXPECT_EQ(person.saveQuestions.size(), 1U);
-    EXPECT_EQ(inFile(path("a.sdt")).Value[8], 445);
+    EXPECT_EQ(inFile(path("press 1.sdt")), state.gWorkingData);
     EXPECT_EQ(state.gSavedData, state.gWorkingData);
+    EXPECT_EQ(state.gWorkingData.Value[8], 445);
+    EXPECT_TRUE(person.boxes.empty());
 }
 
 TEST_F(FileCommandsTest, SavedFileOpensWithoutAQuestion)
@@ -138,7 +132,6 @@ TEST_F(FileCommandsTest, AnotherVersionIsTakenOnlyAfterAQuestion)
     pick("mnuFileOpen");
     EXPECT_EQ(texts(), question);
     EXPECT_EQ(person.boxes[0].buttons, BoxButtons::YesNoCancel);
-    EXPECT_EQ(person.boxes[0].icon, BoxIcon::Question);
     EXPECT_EQ(state.gWorkingData, state.gDefaultData);
     EXPECT_TRUE(state.gUntitled);
     EXPECT_EQ(state.gFileNameTitle, "old.sdt");
@@ -201,57 +194,49 @@ TEST_F(FileCommandsTest, FailedSaveSaysWhyAndChangesNothing)
     EXPECT_EQ(inFile(path("a.sdt")), otherData());
 }
 
-TEST_F(FileCommandsTest, FailedSaveAsAndExportAreNotMentioned)
+TEST_F(FileCommandsTest, FailedSaveAsAndExportAreNotMentionedCancelledOnesNeither)
 {
     edit(9, 1);
     willAnswer({}, {path("gone/a.sdt"), path("gone/a.txt")});
-    pick("mnuFileSaveAs");
-    pick("mnuFileExport");
+    for (const char* item : {"mnuFileSaveAs", "mnuFileExport", "mnuFileSaveAs", "mnuFileExport"})
+        pick(item);
+    EXPECT_EQ(person.saveQuestions.size(), 4U);
     EXPECT_TRUE(person.boxes.empty());
     EXPECT_TRUE(state.hasUnsavedChanges());
     EXPECT_EQ(window.windowTitle(), "TAMBRIX - [unnamed]");
 }
 
-TEST_F(FileCommandsTest, CancelledDialogsChangeNothing)
-{
-    for (const char* item : {"mnuFileSaveAs", "mnuFileOpen", "mnuFileExport"})
-        pick(item);
-    EXPECT_TRUE(state.gUntitled);
-    EXPECT_EQ(state.gFileNamePath, rig.folder.filePath("*.sdt"));
-    EXPECT_EQ(state.gFileExportPath, "");
-}
-
-/// What becomes of unsaved changes when New, Open or Exit would drop them.
-struct DropCase
-{
-    const char* what;
-    BoxAnswer answer;
-    const char* saveAs; ///< where the data go; empty: the save dialog is cancelled
-    bool dropped;
-};
-
 TEST_F(FileCommandsTest, UnsavedDataAreDroppedOnlyWhenSavedOrOnRequest)
 {
-    const DropCase cases[] = {{"cancel", BoxAnswer::Cancel, "x.sdt", false},
-                              {"no", BoxAnswer::No, "x.sdt", true},
-                              {"yes", BoxAnswer::Yes, "x.sdt", true},
-                              {"yes, but no name", BoxAnswer::Yes, "", false},
-                              {"yes, but the disk refuses", BoxAnswer::Yes, "gone/x.sdt", false}};
+    struct Case // of New, Open and Exit
+    {
+        const char* what;
+        BoxAnswer answer;
+        const char* saveAs; ///< where the data go; empty: the save dialog is cancelled
+        bool dropped;
+    };
+    const Case cases[] = {{"cancel", BoxAnswer::Cancel, "x.sdt", false},
+                          {"no", BoxAnswer::No, "x.sdt", true},
+                          {"yes", BoxAnswer::Yes, "x.sdt", true},
+                          {"yes, but no name", BoxAnswer::Yes, "", false},
+                          {"yes, but the disk refuses", BoxAnswer::Yes, "gone/x.sdt", false}};
     const QString other = fileWith("other.sdt", otherData());
-    for (const DropCase& c : cases) {
+    for (const Case& c : cases) {
         for (const char* item : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"}) {
             state.InitSetupData();
             edit(8, 4321);
             window.show();
             willAnswer({c.answer}, {});
-            if (c.answer == BoxAnswer::Yes && *c.saveAs != '\0')
-                person.chosenFiles.push_back(path(c.saveAs));
-            person.chosenFiles.push_back(other);
-            if (*c.saveAs == '\0')
+            if (c.answer == BoxAnswer::Yes)
+                person.chosenFiles = {path(c.saveAs)};
+            if (*c.saveAs != '\0')
+                person.chosenFiles.push_back(other);
+            else
                 person.chosenFiles.clear();
             pick(item);
             EXPECT_EQ(texts(), saveQuestion) << c.what << item;
             EXPECT_EQ(person.boxes[0].icon, BoxIcon::Warning);
+            EXPECT_EQ(person.boxes[0].buttons, BoxButtons::YesNoCancel);
             const bool stillThere = state.gWorkingData.Value[8] == 4321;
             const bool gone =
                 item == std::string("mnuFileExit") ? !window.isVisible() : !stillThere;

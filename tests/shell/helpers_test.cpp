@@ -5,7 +5,6 @@
 #include <QDialog>
 #include <QFile>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
@@ -13,16 +12,6 @@
 #include <gtest/gtest.h>
 
 using namespace tambrix;
-
-namespace {
-
-struct TypeCase
-{
-    const char* content; ///< of the .FNX file; null: there is none
-    int type;
-};
-
-} // namespace
 
 TEST(Helpers, ChangeTheExtensionOnly)
 {
@@ -33,9 +22,14 @@ TEST(Helpers, ChangeTheExtensionOnly)
 
 TEST(Helpers, ReadTheBoardTypeOfAProgram)
 {
-    const TypeCase cases[] = {{nullptr, 68}, {"", 68},      {"A,rest\r\n", 65}, {"2", 50},
-                              {",2", 68},    {"\r\n4", 68}, {"\xE9", 233}};
-    for (const TypeCase& c : cases) {
+    struct Case
+    {
+        const char* content; ///< of the .FNX file; null: there is none
+        int type;
+    };
+    const Case cases[] = {{nullptr, 68}, {"", 68},      {"A,rest\r\n", 65}, {"2", 50},
+                          {",2", 68},    {"\r\n4", 68}, {"\xE9", 233}};
+    for (const Case& c : cases) {
         const QTemporaryDir folder;
         if (c.content != nullptr) {
             QFile file(folder.filePath("job.fnx")); // found whatever the case of its name
@@ -47,13 +41,8 @@ TEST(Helpers, ReadTheBoardTypeOfAProgram)
     }
 }
 
-TEST(Helpers, SelectAndCentre)
+TEST(Helpers, CentreADialogThatHasItsSizeOrGetsIt)
 {
-    QLineEdit field("12345");
-    field.setCursorPosition(2);
-    SelectAllText(field);
-    EXPECT_EQ(field.selectedText(), "12345");
-
     for (const bool sized : {true, false}) {
         QDialog dialog;
         QVBoxLayout layout(&dialog);
