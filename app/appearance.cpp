@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QProxyStyle>
+#include <QSettings>
 
 #ifdef TAMBRIX_ASK_DESKTOP
 #include <QDBusInterface>
@@ -24,7 +25,7 @@ QIcon programIcon()
     return icon;
 }
 
-#ifdef TAMBRIX_ASK_DESKTOP
+#if defined(TAMBRIX_ASK_DESKTOP)
 
 /// Qt learnt to follow the desktop's choice of light or dark after 6.4; until then it is asked.
 bool desktopPrefersDark()
@@ -46,7 +47,38 @@ bool desktopPrefersDark()
     return value.toUInt() == kDark;
 }
 
+#elif defined(Q_OS_WIN)
+
+bool desktopPrefersDark()
+{
+    const QSettings theme(QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\"
+                                         "CurrentVersion\\Themes\\Personalize"),
+                          QSettings::NativeFormat);
+    return theme.value(QStringLiteral("AppsUseLightTheme"), 1).toInt() == 0;
+}
+
+#else
+
+[[maybe_unused]] bool desktopPrefersDark()
+{
+    return false; // Qt follows the desktop by itself
+}
+
 #endif
+
+/// Whether the desktop's own style shows what the user asked of the desktop.
+bool nativeStyleFits()
+{
+#if defined(Q_OS_MACOS)
+    return true;
+#elif defined(Q_OS_WIN)
+    // The style of Windows 10 knows no dark; the one of Windows 11 does.
+    const bool lightOnly = QApplication::style()->name() == QLatin1String("windowsvista");
+    return !(lightOnly && desktopPrefersDark());
+#else
+    return false;
+#endif
+}
 
 /// Fusion, but no dialog button has an icon: the desktop has one for OK and none for our own.
 class CalmStyle : public QProxyStyle
@@ -77,15 +109,11 @@ void setDisabledText(QPalette& palette, const QColor& color)
 void applyAppearance(bool styleAskedFor)
 {
     QApplication::setWindowIcon(programIcon());
-#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
-    if (styleAskedFor)
+    if (styleAskedFor || nativeStyleFits())
         return;
     QApplication::setStyle(new CalmStyle); // the application owns it
-#ifdef TAMBRIX_ASK_DESKTOP
+#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0)
     QApplication::setPalette(desktopPrefersDark() ? darkPalette() : lightPalette());
-#endif
-#else
-    Q_UNUSED(styleAskedFor)
 #endif
 }
 
