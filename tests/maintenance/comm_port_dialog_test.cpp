@@ -102,11 +102,12 @@ TEST(CommPortDialog, OpensTheLinkAnewAndStaysWhereNoBoardAnswers)
 
 TEST(CommPortDialog, ANumberOutOfRangeIsRefused)
 {
+    DialogRig rig;
+    rig.show();
+    rig.number().setFocus();
+    PressRig::turns(5);
     for (const char* typed : {"0", "100"}) {
-        DialogRig rig;
-        rig.show();
-        rig.number().setFocus();
-        PressRig::turns(5);
+        rig.person.boxes.clear();
         QTest::keyClicks(&rig.number(), typed);
         rig.save();
         EXPECT_TRUE(rig.eventually([&] { return !rig.person.boxes.empty(); }));

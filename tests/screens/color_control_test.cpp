@@ -52,12 +52,13 @@ protected:
 
     void SetUp() override
     {
-        for (const int label : {5, 6}) // sound durations, different for every label
-            for (int d = 0; d < kDuctors; ++d) {
+        for (int d = 0; d < kDuctors; ++d) { // sound durations, different for both labels
+            for (const int label : {5, 6}) {
                 rig.board.poke(map::labelOn(label, d), static_cast<std::uint8_t>(10 + label + d));
                 rig.board.pokeWord(map::labelCycle(label, d),
                                    static_cast<std::uint16_t>(160 + label + d));
             }
+        }
     }
 };
 
@@ -142,32 +143,22 @@ TEST_F(ColorControl, OfflineDataEndsTheLoad)
 
 TEST_F(ColorControl, TheStationHasTwoEncodings)
 {
-    openWithLabelSelect();
+    openOnline();
     enter(kStationEntry, "3");
-    EXPECT_EQ(wire.to(63), (std::vector<int>{4, 4}));
-    wire.clear();
-    goOffline();
-    pass();
-    rig.goOnline();
-    ASSERT_TRUE(PressRig::eventually([this] { return !wire.to(63).empty(); }));
-    EXPECT_EQ(wire.to(63), std::vector<int>{3});
+    EXPECT_EQ(wire.to(63), (std::vector<int>{1, 4, 4})) << "as shown when it opens, then as a bit";
 }
 
-TEST_F(ColorControl, LabelSelectIsTheControllersToGive)
+TEST_F(ColorControl, WithLabelSelectAndInManualEveryChangedBoxIsWritten)
 {
+    rig.board.press().setOperationalMode(PressModel::OperationalMode::Manual);
     rig.board.press().setLabelSelect(false);
     openOnline();
-    EXPECT_FALSE(field(kLabel).isEnabled());
     EXPECT_TRUE(field("txtColorCtrl(0)").isEnabled());
+    EXPECT_FALSE(field(kLabel).isEnabled()) << "label select is the controller's to give";
+    EXPECT_FALSE(button("chkDuctorManual(1)").isEnabled());
     rig.board.press().setLabelSelect(true);
     pass();
     EXPECT_TRUE(field(kLabel).isEnabled());
-}
-
-TEST_F(ColorControl, InManualEveryChangedBoxIsWrittenInAutoTheyAreGreyed)
-{
-    rig.board.press().setOperationalMode(PressModel::OperationalMode::Manual);
-    openWithLabelSelect();
     EXPECT_EQ(label("lblStatus(2)"), "MAN");
     EXPECT_EQ(label("lblStatus(3)"), "OFF");
     button("chkDuctorManual(1)").click();
@@ -203,8 +194,8 @@ TEST_F(ColorControl, OffLineTheLabelsOfTheWorkingDataAreEditedIfAllowed)
 {
     open();
     EXPECT_EQ(text("txtColorCtrl(8)"), "200");
-    for (const char* name : {"txtColorCtrl(0)", kLabel})
-        EXPECT_FALSE(field(name).isEnabled()) << name;
+    EXPECT_FALSE(field("txtColorCtrl(0)").isEnabled());
+    EXPECT_FALSE(field(kLabel).isEnabled());
     rig.state.gOfflineEditing = true;
     pass();
     EXPECT_FALSE(field(kStationEntry).isEnabled());
@@ -214,13 +205,8 @@ TEST_F(ColorControl, OffLineTheLabelsOfTheWorkingDataAreEditedIfAllowed)
     enter("txtColorCtrl(0)", "20");
     EXPECT_EQ(slot(labelBase(5)), 20);
     EXPECT_TRUE(wire.bytes.empty());
-}
 
-TEST_F(ColorControl, TheDurationsOfADuctorLimitEachOther)
-{
-    openOfflineEditing();
-    enter("txtColorCtrl(0)", "20");
-    enter("txtColorCtrl(8)", "79");
+    enter("txtColorCtrl(8)", "79"); // the durations of a ductor limit each other
     enter("txtColorCtrl(8)", "180");
     enter("txtColorCtrl(0)", "121");
     ASSERT_EQ(rig.person.boxes.size(), 2U);

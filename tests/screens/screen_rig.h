@@ -37,19 +37,12 @@ protected:
         open();
     }
 
-    void openOfflineEditing()
-    {
-        rig.state.gOfflineEditing = true;
-        open();
-    }
-
     void goOffline()
     {
         rig.state.gLink.OnlineMode = false;
         rig.state.ApplyOnlineMode();
     }
 
-    void closeScreen() { m_screen.reset(); }
     Concrete& screen() { return *m_screen; }
 
     /// Lets the screen make at least one whole pass. Off line passes are a while apart, so there

@@ -59,19 +59,15 @@ TEST(Helpers, CentreADialogThatHasItsSizeOrGetsIt)
 
 TEST(FittingFont, FillsTheSpaceButNeverLeavesIt)
 {
-    const QFont font = QApplication::font();
-    const QString lines = QStringLiteral("one line\nand another one");
-    const QSize space(400, 200);
-    const int points = fittingPointSize(font, lines, space, 8, 100);
-    const auto sizeAt = [&](int pointSize) {
-        QFont sized = font;
-        sized.setPointSize(pointSize);
-        return QFontMetrics(sized).size(Qt::TextExpandTabs, lines);
+    const auto points = [](const QSize& space) {
+        return fittingPointSize(QApplication::font(), "one line\nand another one", space, 8, 100);
     };
-    EXPECT_GT(points, 8);
-    EXPECT_LE(sizeAt(points).width(), space.width());
-    EXPECT_LE(sizeAt(points).height(), space.height());
-    EXPECT_GT(sizeAt(points + 2).width() + 20, space.width());
-    EXPECT_EQ(fittingPointSize(font, lines, QSize(1, 1), 8, 100), 8);
-    EXPECT_EQ(fittingPointSize(font, lines, QSize(9000, 9000), 8, 100), 100);
+    QFont font = QApplication::font();
+    font.setPointSize(20);
+    const QSize needed = QFontMetrics(font).size(Qt::TextExpandTabs, "one line\nand another one");
+    const int fitting = points(needed + QSize(12, 12)); // the margin that a view keeps
+    EXPECT_TRUE(fitting == 20 || fitting == 21) << fitting;
+    EXPECT_LT(points(needed), 20);
+    EXPECT_EQ(points(QSize(1, 1)), 8);
+    EXPECT_EQ(points(QSize(9000, 9000)), 100);
 }

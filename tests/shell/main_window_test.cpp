@@ -118,8 +118,6 @@ TEST(MainWindowTest, FollowsTheMode)
     EXPECT_EQ(rig.mode(), "OFFLINE");
     EXPECT_TRUE(rig.item("mnuViewOffline").isChecked());
     EXPECT_EQ(rig.person.boxes.size(), 1u);
-    EXPECT_TRUE(PressRig::eventually(
-        [&] { return rig.status() == "System Message:  Comm Fault with Q900"; }));
 }
 
 TEST(MainWindowTest, EditsThePasscodeOnLine)
@@ -197,9 +195,8 @@ TEST(ScreenTest, SurvivesTheModeBeingToggledDuringAPass)
         shell.rig.control<QToolButton>("MODE").click();
         PressRig::turns(i % 5);
     }
-    shell.rig.window->goOffline();
-    EXPECT_TRUE(
-        PressRig::eventually([&] { return screen->offlineViews > 0 && screen->onlineViews > 0; }));
+    EXPECT_GT(screen->offlineViews, 0);
+    EXPECT_GT(screen->onlineViews, 0);
     EXPECT_TRUE(shell.rig.person.boxes.empty());
     EXPECT_FALSE(shell.rig.port.isOpen());
 }

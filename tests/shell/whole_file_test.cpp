@@ -32,21 +32,6 @@ struct WholeFile : testing::Test
     }
 };
 
-TEST_F(WholeFile, ReplacesTheOldFile)
-{
-    EXPECT_FALSE(writeWholeFile(path, "a longer old one"));
-    EXPECT_FALSE(writeWholeFile(path, QByteArray("n\0w", 3)));
-    EXPECT_EQ(content(), QByteArray("n\0w", 3));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList("press.sdt"));
-}
-
-TEST_F(WholeFile, SaysWhyAFileCannotBeWritten)
-{
-    EXPECT_FALSE(writeWholeFile(folder.filePath("no/such/press.sdt"), "x")->isEmpty());
-    EXPECT_FALSE(writeWholeFile(folder.path(), "x")->isEmpty());
-    EXPECT_FALSE(writeWholeFile({}, "x")->isEmpty());
-}
-
 TEST_F(WholeFile, ReadsOnlyPlainFilesOfReasonableLength)
 {
     EXPECT_FALSE(readWholeFile(path, kLongest));
