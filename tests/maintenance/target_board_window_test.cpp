@@ -58,7 +58,13 @@ struct BoardRig : MaintenanceRig
     QString code(int index) { return nth<QLabel>("lblTargetBoard", index).text(); }
     QString text(int index) { return nth<QPlainTextEdit>("txtTargetBoard", index).toPlainText(); }
     QString inBoard(int row) { return nth<QLabel>("lblRevIdentInPLC", row).text(); }
-    QString onDisk(int row) { return nth<QLabel>("lblRevIdentOnDisk", row).text(); }
+    std::string onDisk()
+    {
+        QStringList rows;
+        for (int row = 0; row < 5; ++row)
+            rows += nth<QLabel>("lblRevIdentOnDisk", row).text();
+        return rows.join(u' ').toStdString();
+    }
     NumericEntryField& entry(int index) { return nth<NumericEntryField>("txtSetup", index); }
     QString field(int index) { return entry(index).text(); }
     /// Types into network address 1 and leaves it there.
@@ -116,18 +122,13 @@ TEST(TargetBoardWindow, ComparesTheProgramInTheBoardWithTheOneOnDisk)
     EXPECT_EQ(rig.inBoard(0), "DUCTCTRL");
     EXPECT_EQ(rig.inBoard(1), "3");
     EXPECT_EQ(rig.inBoard(2), "90");
-    EXPECT_EQ(rig.onDisk(0), "DUCTCTR2");
-    EXPECT_EQ(rig.onDisk(1), "4");
-    EXPECT_EQ(rig.onDisk(3), "Q900(PLC)");
-    const QFileInfo image(rig.folder.filePath("ink.hex"));
-    EXPECT_EQ(rig.onDisk(4), QLocale().toString(image.lastModified(), QLocale::ShortFormat));
-
+    const QDateTime made = QFileInfo(rig.folder.filePath("ink.hex")).lastModified();
+    const QString date = QLocale().toString(made, QLocale::ShortFormat);
+    EXPECT_EQ(rig.onDisk(), "DUCTCTR2 4 12 Q900(PLC) " + date.toStdString());
     rig.window->InitializeForm(rig.write("alone.fnx", "A")); // without its companions
-    const char* expected[] = {"-", "0", "0", "H810", "-"};
-    for (int row = 0; row < 5; ++row)
-        EXPECT_EQ(rig.onDisk(row), expected[row]) << row;
+    EXPECT_EQ(rig.onDisk(), "- 0 0 H810 -");
     rig.window->InitializeForm(rig.folder.filePath("missing.fnx"));
-    EXPECT_EQ(rig.onDisk(3), "Q900(PLC)");
+    EXPECT_EQ(rig.onDisk(), "- 0 0 Q900(PLC) -");
 }
 
 TEST(TargetBoardWindow, ShowsWhatTheBoardTypeHas)

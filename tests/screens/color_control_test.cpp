@@ -138,6 +138,16 @@ TEST_F(ColorControl, OfflineDataEndsTheLoad)
     wire.clear();
     EXPECT_TRUE(PressRig::eventually([this] { return text("txtColorCtrl(15)") == "200"; }));
     EXPECT_TRUE(wire.bytes.empty());
+
+    rig.goOnline();
+    pass();
+    enter(kLabel, "6");
+    goOffline(); // before the load has begun
+    pass();
+    wire.clear();
+    rig.goOnline();
+    pass();
+    EXPECT_EQ(loadedBytes(), 0) << "nor does it begin now";
     EXPECT_TRUE(rig.person.boxes.empty());
 }
 

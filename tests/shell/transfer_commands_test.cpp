@@ -88,28 +88,6 @@ void chooseLabels(LabelRangeDialog& dialog, const char* from, const char* to)
 
 } // namespace
 
-TEST_F(TransferCommands, UploadsTheSetupData)
-{
-    onlineQuietly();
-    rig.board.pokeWord(690, 321);
-    rig.board.poke(694, 0x81);
-    QString caption;
-    int maximum = 0;
-    const ModalWatch<ProcessingDialog> watch([&](const QWidget& dialog) {
-        caption = control<QLabel>(dialog, "lblProcessing").text();
-        maximum = control<QProgressBar>(dialog, "prgProcessing").maximum();
-    });
-    pick("mnuFileUpload(0)");
-    EXPECT_EQ(texts(), std::vector{kUploadQuestion});
-    EXPECT_EQ(person.boxes[0].buttons, BoxButtons::YesNo);
-    EXPECT_EQ(caption, "Uploading Set-up Data, Please Standby");
-    EXPECT_EQ(maximum, 6);
-    EXPECT_EQ(state.gWorkingData.Value[8], 321);
-    EXPECT_EQ(state.gWorkingData.Value[12], 0x81);
-    EXPECT_EQ(state.gUploadNOW.date(), QDate::currentDate());
-    EXPECT_TRUE(state.hasUnsavedChanges());
-}
-
 TEST_F(TransferCommands, SetupDownloadIsFiveWrites)
 {
     onlineQuietly();
@@ -173,6 +151,8 @@ TEST_F(TransferCommands, GoesOnIntoTheErrorWhenThePortIsMissing)
     EXPECT_EQ(person.boxes[2].title, "Comm Port Error");
     EXPECT_EQ(texts()[3], kNotComplete);
     EXPECT_EQ(person.boxes[3].icon, BoxIcon::Warning);
+    EXPECT_EQ(rig.mode(), "OFFLINE");
+    EXPECT_TRUE(rig.item("mnuViewOffline").isChecked());
 }
 
 TEST_F(TransferCommands, CancelKeepsWhatHasBeenTransferred)
@@ -183,7 +163,11 @@ TEST_F(TransferCommands, CancelKeepsWhatHasBeenTransferred)
                            static_cast<std::uint16_t>(d + 1));
         rig.board.pokeWord(static_cast<std::uint16_t>(942 + 4 * d), 0);
     }
-    const ModalWatch<ProcessingDialog> watch([](QDialog& dialog) {
+    QString caption;
+    int maximum = 0;
+    const ModalWatch<ProcessingDialog> watch([&](QDialog& dialog) {
+        caption = control<QLabel>(dialog, "lblProcessing").text();
+        maximum = control<QProgressBar>(dialog, "prgProcessing").maximum();
         QObject::connect(&control<QProgressBar>(dialog, "prgProcessing"),
                          &QProgressBar::valueChanged, &dialog, [&dialog](int done) {
                              if (done == 3)
@@ -192,6 +176,10 @@ TEST_F(TransferCommands, CancelKeepsWhatHasBeenTransferred)
     });
     pick("mnuFileUpload(1)");
     EXPECT_EQ(texts(), std::vector{kUploadQuestion});
+    EXPECT_EQ(person.boxes[0].buttons, BoxButtons::YesNo);
+    EXPECT_EQ(caption, "Uploading Shift Data, Please Standby");
+    EXPECT_EQ(maximum, 9);
+    EXPECT_EQ(state.gUploadNOW.date(), QDate::currentDate());
     state.gWorkingData.Value.resize(8);
     EXPECT_EQ(state.gWorkingData.Value, (std::vector<std::int32_t>{1, 2, 3, 0, 0, 0, 0, 0}));
 }
