@@ -2,6 +2,7 @@
 
 #include "shell/color_density.h"
 
+#include <QFileInfo>
 #include <QLocale>
 
 #include <array>
@@ -114,9 +115,26 @@ QString asOf(const QDateTime& stamp)
                    : QLocale().toString(stamp, QLocale::ShortFormat);
 }
 
+bool isNamed(const ProgramState& state)
+{
+    return !state.gUntitled && !state.gFileNameTitle.isEmpty();
+}
+
+/// The header names the file: a reader must see when its values are not, or no longer, the file's.
+QStringList fileNotes(const ProgramState& state)
+{
+    const QFileInfo file(state.gFileNamePath);
+    if (!isNamed(state) || !file.exists())
+        return {};
+    const QString saved = QStringLiteral("File saved %1").arg(asOf(file.lastModified()));
+    return {state.hasUnsavedChanges()
+                ? saved + QStringLiteral("; the report shows values that were changed since.")
+                : saved + u'.'};
+}
+
 /// The report prints the data set in this program, also while the screens show the controller's
 /// own values: on line it says so, or a reader would take it for what the press runs with.
-QStringList notes(const ProgramState& state)
+QStringList onlineNotes(const ProgramState& state)
 {
     if (!state.gLink.OnlineMode)
         return {};
@@ -132,10 +150,9 @@ QStringList notes(const ProgramState& state)
 
 Report reportContent(const ProgramState& state, const QDateTime& now)
 {
-    const bool named = !state.gUntitled && !state.gFileNameTitle.isEmpty();
-    Report report{named ? state.gFileNameTitle : QStringLiteral("untitled"),
+    Report report{isNamed(state) ? state.gFileNameTitle : QStringLiteral("untitled"),
                   QLocale().toString(now.date(), QLocale::ShortFormat),
-                  notes(state),
+                  fileNotes(state) + onlineNotes(state),
                   {}};
     if (state.report.printSetupData)
         report.tables.push_back(setupTable(state));
