@@ -139,13 +139,15 @@ TEST_F(ColorControl, OfflineDataEndsTheLoad)
     EXPECT_TRUE(PressRig::eventually([this] { return text("txtColorCtrl(15)") == "200"; }));
     EXPECT_TRUE(wire.bytes.empty());
 
+    const auto labelSelected = [this] { return field(kLabel).isEnabled(); };
     rig.goOnline();
-    pass();
+    ASSERT_TRUE(PressRig::eventually(labelSelected));
     enter(kLabel, "6");
     goOffline(); // before the load has begun
     pass();
     wire.clear();
     rig.goOnline();
+    ASSERT_TRUE(PressRig::eventually(labelSelected));
     pass();
     EXPECT_EQ(loadedBytes(), 0) << "nor does it begin now";
     EXPECT_TRUE(rig.person.boxes.empty());

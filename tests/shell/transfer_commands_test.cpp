@@ -12,6 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 using namespace tambrix;
 
 namespace {
@@ -61,7 +64,7 @@ struct TransferCommands : testing::Test
     bool hasRead(std::uint8_t high, std::uint8_t low) const
     {
         const std::array frame = {high, low};
-        return !std::ranges::search(sent, frame).empty();
+        return std::search(sent.begin(), sent.end(), frame.begin(), frame.end()) != sent.end();
     }
 };
 
