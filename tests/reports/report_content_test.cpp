@@ -2,6 +2,8 @@
 #include "shell/color_density.h"
 #include "tests/support/press_rig.h"
 
+#include <QTemporaryFile>
+
 #include <gtest/gtest.h>
 
 using namespace tambrix;
@@ -60,6 +62,24 @@ TEST(ReportContent, NamesTheFileOnlyWhileTheDataHaveOne)
     rig.state.gUntitled = false;
     EXPECT_EQ(rig.content().name, "night shift.sdt");
     EXPECT_EQ(rig.content().date, QLocale().toString(kNoon.date(), QLocale::ShortFormat));
+}
+
+TEST(ReportContent, SaysWhenTheFileWasSavedAndWhetherTheValuesAreStillTheFiles)
+{
+    ContentRig rig;
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    rig.state.gFileNamePath = file.fileName();
+    rig.state.gFileNameTitle = "night shift.sdt";
+    EXPECT_TRUE(rig.content().notes.isEmpty()); // New keeps the last path
+    rig.state.gUntitled = false;
+    ASSERT_EQ(rig.content().notes.size(), 1);
+    EXPECT_TRUE(rig.content().notes.front().startsWith("File saved "));
+    EXPECT_FALSE(rig.content().notes.front().contains("changed"));
+    rig.set(labelBase(7), rig.state.gWorkingData.Value[labelBase(7)] + 1);
+    EXPECT_TRUE(rig.content().notes.front().endsWith("values that were changed since."));
+    file.remove();
+    EXPECT_TRUE(rig.content().notes.isEmpty());
 }
 
 TEST(ReportContent, SetupParametersCarryTheirUnits)
