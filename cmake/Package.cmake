@@ -18,6 +18,8 @@ if(WIN32)
     qt_generate_deploy_app_script(TARGET tambrix OUTPUT_SCRIPT deploy_script)
   endif()
   install(SCRIPT ${deploy_script}) # puts the Qt libraries beside the program
+  set(CMAKE_INSTALL_SYSTEM_RUNTIME_DESTINATION ${TAMBRIX_FOLDER})
+  include(InstallRequiredSystemLibraries) # MSVC's runtime: press PCs often lack it
   set(CPACK_GENERATOR ZIP)
 else()
   set(resources ${CMAKE_CURRENT_SOURCE_DIR}/resources)
