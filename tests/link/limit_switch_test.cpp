@@ -34,11 +34,6 @@ struct SwitchRig : LinkRig
     }
 };
 
-std::int16_t int16(int value)
-{
-    return static_cast<std::int16_t>(value);
-}
-
 PLSConfig countingConfig()
 {
     PLSConfig config{};
@@ -110,16 +105,15 @@ TEST(LimitSwitch, WhatDoesNotFitIsRefusedAndNotProgrammed)
         expectOnlyBox(rig.person, {BoxIcon::Warning, BoxButtons::Ok, title, text});
         rig.person.boxes.clear();
     };
-    for (const auto& [on, off, named] :
-         {std::array{1020, 10, 1020}, std::array{10, 1020, 1020}, std::array{1400, 1500, 1400}})
-        expectRefused(rig.link.SingleSetpoint(1, int16(on), int16(off), true),
-                      "PLS Single Setpoint",
+    const std::int16_t setpoints[][3] = {{1020, 10, 1020}, {10, 1020, 1020}, {1400, 1500, 1400}};
+    for (const auto& [on, off, named] : setpoints)
+        expectRefused(rig.link.SingleSetpoint(1, on, off, true), "PLS Single Setpoint",
                       "Setpoint setting " + std::to_string(named) +
                           " is greater than scale factor.\r\n\r\nChannel can not be programmed.");
-
-    const auto expectTrainRefused = [&](int on, int off, int start, const std::string& reason) {
-        expectRefused(rig.link.PulseTrain(1, int16(on), int16(off), int16(start)),
-                      "PLS Pulse Train", reason + "\r\n\r\nPLS Channel will not be Programmed.");
+    const auto expectTrainRefused = [&](std::int16_t on, std::int16_t off, std::int16_t start,
+                                        const std::string& reason) {
+        expectRefused(rig.link.PulseTrain(1, on, off, start), "PLS Pulse Train",
+                      reason + "\r\n\r\nPLS Channel will not be Programmed.");
     };
     expectTrainRefused(0, 10, 0, "ON Division and OFF Division Must be Greater Than 0.");
     expectTrainRefused(10, 0, 0, "ON Division and OFF Division Must be Greater Than 0.");
@@ -131,9 +125,9 @@ TEST(LimitSwitch, WhatDoesNotFitIsRefusedAndNotProgrammed)
     expectRefused(rig.link.SetPLSOffset(1021), "Set PLS Offset",
                   "Desired Position cannot be greater than Scale Factor of 1020\r\n"
                   "PLS Offset will not be Programmed.");
-    for (const int wrong : {256, -1}) {
+    for (const std::int16_t wrong : {std::int16_t{256}, std::int16_t{-1}}) {
         PLSConfig config = countingConfig();
-        config[23] = int16(wrong);
+        config[23] = wrong;
         expectRefused(rig.link.PLSConfigDownload(config, 720), "PLS Download",
                       "Configuration entry 23 must be between 0 and 255.\r\n\r\n"
                       "PLS Configuration will not be Programmed.");
@@ -208,19 +202,13 @@ TEST(LimitSwitch, RecallBringsStateAndPositionWithinAnyScale)
 
 TEST(LimitSwitch, TheOffsetMakesTheWantedPositionTheCurrentOne)
 {
-    struct Case
-    {
-        std::uint16_t offset, position;
-        std::int16_t wanted;
-        int written;
-    };
-    const Case cases[] = {{300, 100, 50, 350}, {0, 100, 200, 260}, {0, 100, 360, 100}};
-    for (const Case& c : cases) {
+    const std::uint16_t cases[][4] = {{300, 100, 50, 350}, {0, 100, 200, 260}, {0, 100, 360, 100}};
+    for (const auto& [offset, position, wanted, written] : cases) {
         SwitchRig rig;
-        rig.board.pokeWord(kOffset, c.offset);
-        rig.line.setTap([&](const WireByte&) { rig.board.pokeWord(kPos, c.position); });
-        EXPECT_TRUE(rig.link.SetPLSOffset(c.wanted)) << c.wanted;
-        EXPECT_EQ(rig.board.peekWord(kOffset), c.written) << c.wanted;
+        rig.board.pokeWord(kOffset, offset);
+        rig.line.setTap([&](const WireByte&) { rig.board.pokeWord(kPos, position); });
+        EXPECT_TRUE(rig.link.SetPLSOffset(static_cast<std::int16_t>(wanted))) << wanted;
+        EXPECT_EQ(rig.board.peekWord(kOffset), written) << wanted;
     }
 }
 

@@ -6,6 +6,8 @@ using namespace tambrix;
 
 namespace {
 
+const std::string kUnknown = "Unknown|Unknown|Unknown";
+
 /// A file set in a folder of its own and what the check makes of it.
 struct CheckedSet
 {
@@ -38,20 +40,6 @@ struct CheckedSet
 };
 
 } // namespace
-
-TEST(ProgramFiles, TheRevisionLineIsSplitFromItsEnd)
-{
-    const std::pair<const char*, const char*> cases[] = {
-        {"ABCDEFGH0:1;", "ABCDEFGH|10|27"},
-        {"INK fFA9", "INK |255|169"},
-        {"0304", "|3|4"},
-        {"LONGPROGRAMNAME0102", "LONGPROGRAMNAME|1|2"},
-    };
-    for (const auto& [line, expected] : cases) {
-        const auto identity = parseRevisionLine(line).value_or(ProgramIdentity{});
-        EXPECT_EQ(identity.name + "|" + identity.checksum + "|" + identity.revision, expected);
-    }
-}
 
 TEST(ProgramFiles, AGoodSetIsValidWithoutABox)
 {
@@ -108,19 +96,33 @@ TEST(ProgramFiles, EveryBoardTypeIsTakenOrRefusedAsItsKindIs)
     }
 }
 
-TEST(ProgramFiles, ADamagedFileIsNamed)
+TEST(ProgramFiles, TheRevisionLineIsSplitFromItsEnd)
 {
-    for (const char* content : {"", "304", "NAME 102", "NAME01G2", "\r\nNAME0102"}) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"ABCDEFGH0:1;", "ABCDEFGH|10|27"},
+        {"INK fFA9", "INK |255|169"},
+        {"LONGPROGRAMNAME0102\r\n", "LONGPROGRAMNAME|1|2"},
+        {"0304", "|3|4"},
+        {"304", kUnknown},
+        {"NAME 102", kUnknown},
+        {"NAME01G2", kUnknown},
+        {"\r\nNAME0102", kUnknown},
+        {"", kUnknown},
+    };
+    for (const auto& [line, expected] : cases) {
+        SCOPED_TRACE(line);
         CheckedSet set('D');
-        set.checkSpoiled("rev", content);
-        EXPECT_FALSE(set.files.ValidProgram()) << content;
-        EXPECT_EQ(set.files.identity().name, "Unknown");
-        set.expectFileRefused("rev", " Revision File is Not Valid");
+        set.checkSpoiled("rev", line);
+        const ProgramIdentity& identity = set.files.identity();
+        EXPECT_EQ(identity.name + "|" + identity.checksum + "|" + identity.revision, expected);
+        EXPECT_EQ(set.files.ValidProgram(), set.person.boxes.empty());
+        if (expected == kUnknown)
+            set.expectFileRefused("rev", " Revision File is Not Valid");
     }
-    CheckedSet empty('D');
-    empty.checkSpoiled("fnx", "");
-    EXPECT_FALSE(empty.files.ValidProgram());
-    EXPECT_EQ(empty.person.boxes.size(), 1u);
+    CheckedSet emptyProgram('D');
+    emptyProgram.checkSpoiled("fnx", "");
+    EXPECT_FALSE(emptyProgram.files.ValidProgram());
+    EXPECT_EQ(emptyProgram.person.boxes.size(), 1u);
 }
 
 TEST(ProgramFiles, TheConfigurationFileDecidesForBoardsThatHaveOne)
