@@ -53,6 +53,8 @@ TEST(SilentBoard, IsCalledAgainAfterRetry)
     rig.board.press().stop();
     rig.board.poke(5100, 77);
     EXPECT_EQ(rig.link.RSRead("B5100"), "77");
+    // Called three times before the first box, twice after it and once after the second.
+    EXPECT_EQ(rig.trace, "FF FF FF FF FF FF <55 01 <55 13 <13 EC <4D");
     EXPECT_EQ(rig.person.boxes.size(), 2u);
     EXPECT_FALSE(rig.link.CommError);
     EXPECT_FALSE(rig.link.CommErrorAlert);

@@ -72,33 +72,23 @@ struct Session : LinkRig
     int failedReads = 0; ///< "0", and the link says that it is none
 };
 
-/// The byte came or did not come: the link can tell.
-void expectRecovered(const Session& session)
+void expectEnding(const Session& session, Kind fault)
 {
-    EXPECT_TRUE(session.person.boxes.empty());
-    EXPECT_EQ(session.wrongReads, 0);
-    EXPECT_LE(session.failedReads, 1);
-    EXPECT_TRUE(session.boardHoldsNewValues());
-    EXPECT_EQ(session.board.peek(5110), kNeighbours | 8);
-}
-
-/// The wrong byte came where any byte could be right: the line has no checksum, so one value may
-/// be wrong, but only one, and the link is in step again after it.
-void expectBelievedOnce(const Session& session)
-{
-    EXPECT_TRUE(session.person.boxes.empty());
-    EXPECT_LE(session.wrongReads + session.failedReads, 2);
-    EXPECT_LE(session.wrongReads, 1);
-    EXPECT_TRUE(session.boardHoldsNewValues());
-}
-
-/// One box, and its Cancel ends all exchanges.
-void expectGivenUp(const Session& session)
-{
-    EXPECT_EQ(session.person.boxes.size(), 1u);
-    EXPECT_TRUE(session.link.CommError);
+    const bool portGone = fault == Kind::Unplug; // one box, and its Cancel ends all exchanges
+    EXPECT_EQ(session.person.boxes.size(), portGone ? 1u : 0u);
+    EXPECT_EQ(session.link.CommError, portGone);
     EXPECT_FALSE(session.link.OnlineMode);
-    EXPECT_EQ(session.wrongReads, 0);
+    // Where a wrong byte comes that could be right it is believed, for the line has no checksum.
+    // But that is one value at most, and the link is in step again after it.
+    const bool wrongByte = fault == Kind::ChangeReply || fault == Kind::DoubleReply;
+    EXPECT_LE(session.wrongReads, wrongByte ? 1 : 0);
+    if (portGone)
+        return;
+    EXPECT_LE(session.wrongReads + session.failedReads, wrongByte ? 2 : 1);
+    EXPECT_TRUE(session.boardHoldsNewValues());
+    if (!wrongByte) {
+        EXPECT_EQ(session.board.peek(5110), kNeighbours | 8);
+    }
 }
 
 } // namespace
@@ -107,21 +97,15 @@ TEST(FaultSweep, EveryFaultAtEveryExchangeEndsAsItShould)
 {
     Session clean;
     clean.run();
-    expectRecovered(clean);
-    EXPECT_EQ(clean.failedReads, 0);
+    EXPECT_TRUE(clean.boardHoldsNewValues());
+    EXPECT_EQ(clean.wrongReads + clean.failedReads, 0);
     ASSERT_GT(clean.line.exchanges(), 50u);
     sweepFaults(clean.line.exchanges(), [](std::size_t k, const LineFault& fault) {
         Session session;
         session.line.setFault(k, fault);
         session.run();
         EXPECT_LT(session.clock.now(), 60s); // the waits allow less; a hang would run far beyond
-        EXPECT_FALSE(session.link.OnlineMode);
-        if (fault.kind == Kind::Unplug)
-            expectGivenUp(session);
-        else if (fault.kind == Kind::ChangeReply || fault.kind == Kind::DoubleReply)
-            expectBelievedOnce(session);
-        else
-            expectRecovered(session);
+        expectEnding(session, fault.kind);
         session.expectFreshStart();
     });
 }

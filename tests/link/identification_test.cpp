@@ -6,28 +6,19 @@ using namespace tambrix;
 
 TEST(BoardNames, FollowTheTypeCode)
 {
-    struct Case
-    {
-        std::int16_t code;
-        const char* name;
-        const char* index;
+    const std::pair<std::int16_t, std::string> cases[] = {
+        {48, "0 Is Not Defined., library "},
+        {49, "R110, library 1"},
+        {51, "R130, library ?"},
+        {57, "Not Defined, library "},
+        {62, "Q720(PLS), library "},
+        {65, "H810, library E"},
+        {68, "Q900(PLC), library G"},
+        {70, "F Is Not Defined., library "},
+        {-1, "\xC3\xBF Is Not Defined., library "},
     };
-    const Case cases[] = {
-        {49, "R110", "1"},
-        {51, "R130", "?"},
-        {57, "Not Defined", ""},
-        {62, "Q720(PLS)", ""},
-        {65, "H810", "E"},
-        {68, "Q900(PLC)", "G"},
-        {69, "Q900(PLS)", ""},
-        {70, "F Is Not Defined.", ""},
-        {48, "0 Is Not Defined.", ""},
-        {-1, "\xC3\xBF Is Not Defined.", ""},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(TargetboardName(c.code), c.name) << c.code;
-        EXPECT_EQ(LCFBoardIndex(c.code), c.index) << c.code;
-    }
+    for (const auto& [code, expected] : cases)
+        EXPECT_EQ(TargetboardName(code) + ", library " + LCFBoardIndex(code), expected) << code;
 }
 
 TEST(FaultTexts, AreFoundByTheirCode)

@@ -1,6 +1,6 @@
 #include "tests/link/checks.h"
 
-#include <optional>
+#include <functional>
 
 using namespace tambrix;
 using namespace std::chrono_literals;
@@ -46,17 +46,9 @@ struct DownloadRig : LinkRig
             if (person.boxes.size() == 1) {
                 trace.clear();
                 line.clearFaults();
-                if (fault)
-                    line.setFault(faultyExchange, *fault);
+                planFault();
             }
         };
-    }
-
-    /// Plans a fault for an exchange counted from the request for program mode.
-    void planFault(std::size_t exchange, const LineFault& planned)
-    {
-        faultyExchange = exchange;
-        fault = planned;
     }
 
     void download()
@@ -91,8 +83,7 @@ struct DownloadRig : LinkRig
     }
 
     int eventTurns = 0;
-    std::size_t faultyExchange = 0;
-    std::optional<LineFault> fault;
+    std::function<void()> planFault = [] {}; ///< counted from the request for program mode
 };
 
 /// Where the records begin and end among the PC's bytes, from the request for program mode on.
@@ -143,6 +134,8 @@ TEST(ProgramDownload, TheConfirmationComparesDiskAndBoard)
 TEST(ProgramDownload, ConfigurationGoesToBoardsThatHaveOne)
 {
     DownloadRig rig(":00000001FF\r\n", "A"); // no record but the end: none is sent
+    rig.line.clearFaults();
+    rig.line.setFault(6, {LineFault::Kind::LoseReply, 0, {}}); // while the old name is read
     rig.download();
     EXPECT_EQ(rig.trace, std::string(kRequest) +
                              " FF <55 02 <55 1F <1F FC <FC 0A <0A"
@@ -213,7 +206,7 @@ TEST(ProgramDownload, EveryFaultAtEveryByteEndsInATrueReport)
     ASSERT_GE(clean.line.exchanges(), 60u);
     sweepFaults(clean.line.exchanges(), [](std::size_t k, const LineFault& fault) {
         DownloadRig rig;
-        rig.planFault(k, fault);
+        rig.planFault = [&] { rig.line.setFault(k, fault); };
         rig.download();
         EXPECT_LT(rig.clock.now(), 30s);
         const std::string text = rig.lastText();
