@@ -61,7 +61,8 @@ TEST(HexRecords, GoodImagesGiveTheirRecordsAndBadOnesTheLineAndTheReason)
         {"blank inside", ":04001000 1020304E2\r\n", noDigit},
         {"nul inside", std::string(":0400\0", 6) + "100001020304E2\r\n", noDigit},
         {"high bit inside", ":0400100001020304E\xFF\r\n", noDigit},
-        {"length that is attention", ":FF000000" + std::string(2 * 255, '0') + "01\r\n",
+        {"length that is attention",
+         ":FF000000" + std::string(std::size_t{2} * 255, '0') + "01\r\n",
          "1: The record is too long for the target board."},
     };
     for (const Case& c : cases) {
@@ -77,7 +78,8 @@ TEST(HexRecords, GoodImagesGiveTheirRecordsAndBadOnesTheLineAndTheReason)
 
 TEST(HexRecords, TheLongestRecordIsRead)
 {
-    const HexImage image = parseHexImage(":FE000000" + std::string(2 * 254, '5') + "00\r\n");
+    const HexImage image =
+        parseHexImage(":FE000000" + std::string(std::size_t{2} * 254, '5') + "00\r\n");
     ASSERT_EQ(image.records.size(), 1u);
     EXPECT_EQ(image.records.front().data, std::vector<std::uint8_t>(254, 0x55));
 }

@@ -201,7 +201,8 @@ TEST(LimitSwitch, TheOffsetMakesTheWantedPositionTheCurrentOne)
     for (const auto& [offset, position, wanted, written] : cases) {
         SwitchRig rig;
         rig.board.pokeWord(kOffset, offset);
-        rig.line.setTap([&](const WireByte&) { rig.board.pokeWord(kPos, position); });
+        rig.line.setTap(
+            [&rig, place = position](const WireByte&) { rig.board.pokeWord(kPos, place); });
         EXPECT_TRUE(rig.link.SetPLSOffset(static_cast<std::int16_t>(wanted))) << wanted;
         EXPECT_EQ(rig.board.peekWord(kOffset), written) << wanted;
     }
