@@ -3,123 +3,170 @@
 
 #include <gtest/gtest.h>
 
+#include <iomanip>
+#include <sstream>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace tambrix {
 namespace {
 
 using std::chrono::milliseconds;
 
-constexpr int kSilence = -1;
-
-struct Exchange
-{
-    int sent = 0;
-    int answered = kSilence;
-    milliseconds gap{1}; // since the byte before
-};
-
-struct Conversation
-{
-    std::string name;
-    std::vector<Exchange> exchanges;
-    int modeAfter = 0;
-};
-
-// Byte 0x0212 holds 0x7E in every conversation.
-const std::vector<Conversation> kConversations{
-    {"SilentBeforeAttention", {{0x01}, {0x02}, {0x55}, {0x00}}, 0},
-    {"AttentionAnyTime", {{0xFF, 0x55}, {0xFF, 0x55}, {0xFF, 0x55}}, 0},
-    {"ReadMode", {{0xFF, 0x55}, {0x01, 0x55}, {0x02, 0x02}, {0x12, 0x7E}}, 1},
-    {"ReadsOnInReadMode",
-     {{0xFF, 0x55}, {0x01, 0x55}, {0x02, 0x02}, {0x12, 0x7E}, {0x02, 0x02}, {0x12, 0x7E}},
-     1},
-    {"WriteMode", {{0xFF, 0x55}, {0x02, 0x55}, {0x05, 0x05}, {0x12, 0x12}, {0x99, 0x99}}, 2},
-    {"UnknownCommandEndsExpectation", {{0xFF, 0x55}, {0x07}, {0x01}, {0x02}}, 0},
-    {"CommandOnlyAfterAttention", {{0xFF, 0x55}, {0x01, 0x55}, {0x02, 0x02}, {0x01, 0x00}}, 1},
-    {"AttentionLeavesReadMode", {{0xFF, 0x55}, {0x01, 0x55}, {0xFF, 0x55}, {0x03}, {0x02}}, 0},
-    {"AttentionLeavesWriteMode", {{0xFF, 0x55}, {0x02, 0x55}, {0xFF, 0x55}, {0x05}, {0x12}}, 0},
-    {"FromWriteToReadMode",
-     {{0xFF, 0x55}, {0x02, 0x55}, {0xFF, 0x55}, {0x01, 0x55}, {0x02, 0x02}, {0x12, 0x7E}},
-     1},
-    {"LowAddress255IsData", {{0xFF, 0x55}, {0x01, 0x55}, {0x02, 0x02}, {0xFF, 0x00}}, 1},
-    {"WritesData255",
-     {{0xFF, 0x55}, {0x02, 0x55}, {0x02, 0x02}, {0xFF, 0xFF}, {0xFF, 0xFF}, {0xFF, 0x55}},
-     0},
-    {"HalfFrameKeptWithinTheGap",
-     {{0xFF, 0x55}, {0x01, 0x55}, {0x02, 0x02}, {0x12, 0x7E, milliseconds(500)}},
-     1},
-    {"HalfReadFrameDroppedAfterTheGap",
-     {{0xFF, 0x55}, {0x01, 0x55}, {0x03, 0x03}, {0x02, 0x02, milliseconds(501)}, {0x12, 0x7E}},
-     1},
-    {"HalfWriteFrameDroppedAfterTheGap",
-     {{0xFF, 0x55}, {0x02, 0x55}, {0x02, 0x02}, {0x12, 0x12}, {0xFF, 0x55, milliseconds(501)}},
-     0},
-    {"AttentionAfterALateHalfFrame",
-     {{0xFF, 0x55}, {0x01, 0x55}, {0x02, 0x02}, {0xFF, 0x55, milliseconds(1000)}, {0x01, 0x55}},
-     1},
-};
-
-class BoardProtocol : public testing::TestWithParam<Conversation>
-{
-};
-
-TEST_P(BoardProtocol, AnswersWhatItExpectsAndNothingElse)
+/// A board, and a PC that sends a byte a millisecond.
+struct BoardAndPc
 {
     SimulatedBoard board;
-    board.poke(0x0212, 0x7E);
     SimTime now{};
-    for (std::size_t i = 0; i < GetParam().exchanges.size(); ++i) {
-        const Exchange& exchange = GetParam().exchanges[i];
-        now += exchange.gap;
-        const auto answer = board.receive(static_cast<std::uint8_t>(exchange.sent), now);
-        EXPECT_EQ(answer ? int{*answer} : kSilence, exchange.answered) << "exchange " << i;
+
+    /// Plays the PC's part of a conversation and returns what was really said: "FF" is a byte of
+    /// the PC, "<55" its answer, "+500" the milliseconds from one byte to the next.
+    std::string play(const std::string& conversation)
+    {
+        std::istringstream words(conversation);
+        std::ostringstream said;
+        said << std::hex << std::uppercase << std::setfill('0');
+        milliseconds gap(1);
+        for (std::string word; words >> word;) {
+            if (word.front() == '<')
+                continue;
+            said << ' ' << word;
+            if (word.front() == '+') {
+                gap = milliseconds(std::stoi(word));
+                continue;
+            }
+            now += std::exchange(gap, milliseconds(1));
+            const int sent = std::stoi(word, nullptr, 16);
+            if (const auto answer = board.receive(static_cast<std::uint8_t>(sent), now))
+                said << " <" << std::setw(2) << int{*answer};
+        }
+        return said.str().substr(1);
     }
-    EXPECT_EQ(board.mode(), GetParam().modeAfter);
-}
 
-INSTANTIATE_TEST_SUITE_P(Conversations, BoardProtocol, testing::ValuesIn(kConversations),
-                         [](const auto& tested) { return tested.param.name; });
+    void expect(const std::string& conversation) { EXPECT_EQ(play(conversation), conversation); }
 
-void send(SimulatedBoard& board, std::initializer_list<std::uint8_t> bytes)
-{
-    for (const std::uint8_t byte : bytes)
-        EXPECT_TRUE(board.receive(byte, SimTime::zero())) << "no answer to " << int{byte};
-}
+    void enterLoadMode()
+    {
+        board.poke(memory_map::kProgramModeRequest, 86);
+        expect("FF <55 03 <55");
+    }
 
-TEST(BoardMemoryOverTheWire, KeepsACounterAsTwoDecimalWords)
-{
-    SimulatedBoard board;
-    // 123456789 is the words 6789 and 12345 at 940 and 942.
-    send(board, {0xFF, 0x02, 0x03, 0xAC, 0x85, 0x03, 0xAD, 0x1A});
-    send(board, {0x03, 0xAE, 0x39, 0x03, 0xAF, 0x30});
-    EXPECT_EQ(board.peekCounter(940), 123456789U);
-    EXPECT_EQ(board.peekWord(940), 6789);
-    EXPECT_EQ(board.peekWord(942), 12345);
-}
-
-TEST(BoardMemoryOverTheWire, DroppedWriteFrameStoresNothing)
-{
-    SimulatedBoard board;
-    const std::vector<std::uint8_t> before(board.memory().begin(), board.memory().end());
-    send(board, {0xFF, 0x02, 0x02, 0x12});
-    EXPECT_EQ(board.receive(0xFF, SimTime(std::chrono::seconds(1))), 0x55);
-    EXPECT_EQ(board.peek(0x0212), before[0x0212]);
-    EXPECT_EQ(board.peek(0x02FF), before[0x02FF]);
-}
-
-TEST(BoardPower, WithoutPowerThereIsSilenceAndAfterwardsNoMode)
-{
-    SimulatedBoard board;
-    send(board, {0xFF, 0x01});
-    board.setPowered(false);
-    EXPECT_FALSE(board.receive(0xFF, SimTime::zero()));
-    board.setPowered(true);
-    EXPECT_EQ(board.mode(), 0);
-    EXPECT_FALSE(board.receive(0x02, SimTime::zero()));
-    EXPECT_EQ(board.receive(0xFF, SimTime::zero()), 0x55);
-}
+    int program(int address)
+    {
+        return board.program().bytes.byte(static_cast<std::uint16_t>(address));
+    }
+};
 
 } // namespace
+
+TEST(BoardProtocol, AnswersWhatItExpectsAndNothingElse)
+{
+    struct Case
+    {
+        const char* name;
+        const char* conversation;
+        int modeAfter;
+    };
+    const Case cases[] = {
+        {"silent before attention", "01 02 55 00", 0},
+        {"attention any time", "FF <55 FF <55 FF <55", 0},
+        {"reads on in read mode", "FF <55 01 <55 02 <02 12 <7E 02 <02 12 <7E", 1},
+        {"write mode", "FF <55 02 <55 05 <05 12 <12 99 <99", 2},
+        {"unknown command ends expectation", "FF <55 07 01 02", 0},
+        {"no load without its request", "FF <55 03 00 00 00", 0},
+        {"attention leaves read mode", "FF <55 01 <55 FF <55 03 02", 0},
+        {"from write to read mode", "FF <55 02 <55 FF <55 01 <55 02 <02 12 <7E", 1},
+        {"low address 255 is data", "FF <55 01 <55 02 <02 FF <00", 1},
+        {"data 255", "FF <55 02 <55 02 <02 FF <FF FF <FF FF <55", 0},
+        {"half frame kept within the gap", "FF <55 01 <55 02 <02 +500 12 <7E", 1},
+        {"half frame to read dropped", "FF <55 01 <55 03 <03 +501 02 <02 12 <7E", 1},
+        {"half frame to write dropped", "FF <55 02 <55 02 <02 12 <12 +501 FF <55", 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        BoardAndPc rig;
+        rig.board.poke(0x0212, 0x7E);
+        rig.expect(c.conversation);
+        EXPECT_EQ(rig.board.mode(), c.modeAfter);
+        EXPECT_EQ(rig.board.peek(0x0212), 0x7E);
+    }
+}
+
+TEST(BoardProtocol, KeepsACounterAsTwoDecimalWords)
+{
+    BoardAndPc rig;
+    rig.expect("FF <55 02 <55 03 <03 AC <AC 85 <85 03 <03 AD <AD 1A <1A "
+               "03 <03 AE <AE 39 <39 03 <03 AF <AF 30 <30");
+    EXPECT_EQ(rig.board.peekCounter(940), 123456789U);
+    EXPECT_EQ(rig.board.peekWord(940), 6789);
+    EXPECT_EQ(rig.board.peekWord(942), 12345);
+}
+
+TEST(BoardProtocol, WithoutPowerThereIsSilenceAndAfterwardsNoMode)
+{
+    BoardAndPc rig;
+    rig.expect("FF <55 01 <55");
+    rig.board.setPowered(false);
+    rig.expect("FF");
+    rig.board.setPowered(true);
+    EXPECT_EQ(rig.board.mode(), 0);
+    rig.expect("02 FF <55");
+}
+
+TEST(ProgramLoad, StoresARecordAndAnswersItsSum)
+{
+    BoardAndPc rig;
+    rig.enterLoadMode();
+    rig.expect("02 FF 10 FF 80 <90");
+    EXPECT_EQ(rig.program(0xFF10), 0xFF);
+    EXPECT_EQ(rig.program(0xFF11), 0x80);
+    EXPECT_EQ(rig.board.peek(0xFF10), 0); // not a register
+    EXPECT_EQ(rig.board.program().recordsTaken, 1u);
+}
+
+TEST(ProgramLoad, AttentionEndsItAndTheRequest)
+{
+    BoardAndPc rig;
+    rig.enterLoadMode();
+    rig.expect("FF <55 03");
+    EXPECT_EQ(rig.board.mode(), 0);
+    EXPECT_EQ(rig.board.peek(memory_map::kProgramModeRequest), 0);
+}
+
+TEST(ProgramLoad, AHalfRecordIsDroppedAfterTheGap)
+{
+    BoardAndPc rig;
+    rig.enterLoadMode();
+    rig.expect("03 00 00 01 +501 01 00 05 09 <0F");
+    EXPECT_EQ(rig.program(0), 0);
+    EXPECT_EQ(rig.program(5), 9);
+}
+
+TEST(ProgramLoad, AGarbledRecordIsAnsweredWrongAndNotStored)
+{
+    BoardAndPc rig;
+    rig.board.program().garbledRecord = 0;
+    rig.enterLoadMode();
+    rig.expect("01 00 05 09 <10");
+    EXPECT_EQ(rig.program(5), 0);
+    rig.expect("01 00 05 09 <0F");
+}
+
+TEST(LimitSwitchModes, DataAfterTheCommandMayBeAttentionsByte)
+{
+    BoardAndPc rig;
+    rig.board.limitSwitch().busyAnswers = 1;
+    rig.expect("FF <55 2A <55 FF <55 00 <55 38 <55 55 <55 38 <55 55 <00 55 <55");
+    EXPECT_EQ(rig.board.peekWord(memory_map::kResolverOffset), 0xFF);
+    rig.expect("FF <55");
+    EXPECT_EQ(rig.board.mode(), 0);
+}
+
+TEST(LimitSwitchModes, DataThatStopsIsForgotten)
+{
+    BoardAndPc rig;
+    rig.expect("FF <55 2A <55 11 <55 +501 FF <55"); // attention again
+    EXPECT_EQ(rig.board.peekWord(memory_map::kResolverOffset), 15);
+}
+
 } // namespace tambrix
