@@ -98,16 +98,16 @@ TEST(ReportContent, ALabelIsThreeRowsOfEightDuctors)
     rig.set(kSetupSlot + 1, 150); // maximum ON
     for (int d = 0; d < kDuctors; ++d) {
         rig.set(labelBase(99) + d, 10 * d);
-        rig.set(labelBase(99) + kDuctors + d, d == 7 ? 0 : 200 + d);
+        rig.set(labelBase(99) + kDuctors + d, d < 6 ? 200 + d : 18 - 3 * d); // ends with 0 and -3
     }
     const QStringList rows = rig.rows(2);
     ASSERT_EQ(rows.size(), 301);
     EXPECT_EQ(rows[0], "Label|Ductor No.|1|2|3|4|5|6|7|8");
     EXPECT_EQ(rows[298], "99|ON (0.1 cans)|0|10|20|30|40|50|60|70");
-    EXPECT_EQ(rows[299], "|CYCLE (0.1 cans)|200|201|202|203|204|205|206|0");
-    EXPECT_EQ(rows[300], "|Color Density|0.0%|7.0%|13.9%|20.7%|27.5%|34.1%|40.8%|0.0%");
+    EXPECT_EQ(rows[299], "|CYCLE (0.1 cans)|200|201|202|203|204|205|0|-3");
+    EXPECT_EQ(rows[300], "|Color Density|0.0%|7.0%|13.9%|20.7%|27.5%|34.1%|0.0%|0.0%");
     rig.set(kSetupSlot + 1, 0);
-    EXPECT_EQ(rig.rows(2)[300], "|Color Density|-|-|-|-|-|-|-|0.0%");
+    EXPECT_EQ(rig.rows(2)[300], "|Color Density|-|-|-|-|-|-|0.0%|0.0%");
 }
 
 TEST(ReportContent, HoldsTheChosenPartsAndLabels)
