@@ -221,6 +221,8 @@ TEST(ProgramDownload, EveryFaultAtEveryByteEndsInATrueReport)
             EXPECT_EQ(rig.board.peek(61424), 'D'); // the board keeps its old identity
             EXPECT_FALSE(rig.link.CommError);
             EXPECT_TRUE(!inRecords || rig.clock.now() < 1500ms); // one second, and no box asks
+            EXPECT_TRUE(fault.kind != LineFault::Kind::LoseReply ||
+                        rig.eventTurns > 40); // that second is served
         }
         startAfresh(rig);
         EXPECT_EQ(rig.link.RSRead("B8159"), "14");
