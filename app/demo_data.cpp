@@ -103,7 +103,7 @@ Task demoData(DemoStage& stage)
     co_await openAndDownload(stage);
     co_await stage.step("The controller holds the saved label again", {},
                         [&] { return stage.board().peek(watched) == original; });
-    stage.window().goOffline();
+    co_await stage.goOffline();
 }
 
 } // namespace tambrix

@@ -26,7 +26,7 @@ Task demoMainDisplay(DemoStage& stage)
         return mode() == "OFFLINE" && speed() == "-" && messages().endsWith("OFFLINE") &&
                status() == "System Message:  Program is Currently OFFLINE";
     });
-    stage.window().goOnline();
+    co_await stage.goOnline();
     co_await stage.step("Online Data shows machine speed and a normal system",
                         "main-display-online", [=] {
                             return mode() == "ONLINE" && speed().toInt() > 0 &&
@@ -43,9 +43,10 @@ Task demoMainDisplay(DemoStage& stage)
         return messages().contains("System Normal") &&
                status() == "System Message:  All Faults Normal";
     });
-    stage.window().goOffline();
-    co_await stage.step("Offline Data leaves the controller alone", "main-display-offline-again",
-                        [=] { return mode() == "OFFLINE" && speed() == "-"; });
+    co_await stage.goOffline();
+    co_await stage.step(
+        "Offline Data leaves the controller alone", "main-display-offline-again",
+        [=] { return mode() == "OFFLINE" && speed() == "-" && messages().endsWith("OFFLINE"); });
 }
 
 } // namespace tambrix

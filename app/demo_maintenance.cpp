@@ -142,7 +142,7 @@ Task showSerialSettings(DemoStage& stage)
 Task demoMaintenance(DemoStage& stage)
 {
     const QTemporaryDir folder;
-    stage.window().goOnline();
+    co_await stage.goOnline();
     const QString ductor = writeSample(folder, 'D', "ductor");
     const QString display = writeSample(folder, 'A', "display");
     co_await downloadProgram(stage, ductor);
@@ -153,7 +153,7 @@ Task demoMaintenance(DemoStage& stage)
     co_await openBoardWindow(stage, display);
     co_await showAddressesAndClock(stage);
     co_await showSerialSettings(stage);
-    stage.window().goOffline();
+    co_await stage.goOffline();
 }
 
 } // namespace tambrix

@@ -45,20 +45,6 @@ QString shown(DemoStage& stage, const QString& label)
     return stage.control<QLabel>(label).text();
 }
 
-/// The status line follows a change of mode with the background poll: pictures wait for it.
-Task goOnline(DemoStage& stage)
-{
-    stage.window().goOnline();
-    co_await stage.step({}, {},
-                        [&stage] { return shown(stage, "STATUS").endsWith("All Faults Normal"); });
-}
-
-Task goOffline(DemoStage& stage)
-{
-    stage.window().goOffline();
-    co_await stage.step({}, {}, [&stage] { return shown(stage, "STATUS").endsWith("OFFLINE"); });
-}
-
 Task demoSetup(DemoStage& stage)
 {
     const auto cycle = [&stage] { return stage.control<NumericEntryField>("txtSetup(0)").text(); };
@@ -83,7 +69,7 @@ Task demoSetup(DemoStage& stage)
                         [&stage] { return stage.control<QWidget>("txtSetup(1)").hasFocus(); });
     press(stage.control<NumericEntryField>("txtSetup(1)"), Qt::Key_Escape, {});
     press(stage.control<NumericEntryField>("txtSetup(1)"), Qt::Key_Escape, {});
-    co_await goOffline(stage);
+    co_await stage.goOffline();
     co_await stage.step(
         "Off line the working data shows, greyed", "setup-offline", [&stage, cycle] {
             return cycle() == "500" && !stage.control<QWidget>("txtSetup(0)").isEnabled();
@@ -105,7 +91,7 @@ Task demoShiftData(DemoStage& stage)
     stage.window().showScreen(kShiftScreen);
     co_await stage.step("Shift Data off line", "shift-data-offline",
                         [&stage] { return shown(stage, "lblData(1)") == "0"; });
-    co_await goOnline(stage);
+    co_await stage.goOnline();
     co_await stage.step("Shift Data counts on line", "shift-data-online",
                         [&stage] { return shown(stage, "lblData(8)") != "0"; });
     const QString before = shown(stage, "lblData(3)");
@@ -146,7 +132,7 @@ Task demoColorControl(DemoStage& stage)
                stage.control<QCheckBox>("chkDuctorManual(7)").isChecked();
     });
     stage.board().press().setOperationalMode(PressModel::OperationalMode::Auto);
-    co_await goOffline(stage);
+    co_await stage.goOffline();
     co_await stage.step("Color Control off line", "color-control-offline", [&stage] {
         return !stage.control<QWidget>("txtColorCtrl(0)").isEnabled();
     });
@@ -156,7 +142,7 @@ Task demoColorControl(DemoStage& stage)
     stage.triggerMenu("mnuEditOffline");
     co_await stage.step(
         {}, {}, [&stage] { return !stage.control<QWidget>("txtColorCtrl(0)").isEnabled(); });
-    co_await goOnline(stage);
+    co_await stage.goOnline();
 }
 
 Task demoIoStatus(DemoStage& stage)
@@ -166,7 +152,7 @@ Task demoIoStatus(DemoStage& stage)
         return shown(stage, "lblSlot00State(0)") == "ON" &&
                shown(stage, "lblSlot01State(15)") == "off";
     });
-    co_await goOffline(stage);
+    co_await stage.goOffline();
     co_await stage.step("I/O Status off line shows dashes", "io-status-offline",
                         [&stage] { return shown(stage, "lblSlot00State(0)") == "-"; });
 }
@@ -175,7 +161,7 @@ Task demoIoStatus(DemoStage& stage)
 
 Task demoScreens(DemoStage& stage)
 {
-    co_await goOnline(stage);
+    co_await stage.goOnline();
     co_await demoSetup(stage);
     co_await demoShiftData(stage);
     co_await demoColorControl(stage);

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -55,6 +56,26 @@ Task DemoStage::step(QString what, QString picture, std::function<bool()> shown)
     report(shown(), what, picture);
     if (!picture.isEmpty())
         take(picture);
+}
+
+Task DemoStage::goOnline()
+{
+    m_window.goOnline();
+    co_await statusEndsWith("All Faults Normal");
+}
+
+Task DemoStage::goOffline()
+{
+    m_window.goOffline();
+    co_await statusEndsWith("OFFLINE");
+}
+
+Task DemoStage::statusEndsWith(QString text)
+{
+    const std::function<bool()> shown = [this, &text] {
+        return control<QLabel>("STATUS").text().endsWith(text);
+    };
+    co_await step({}, {}, shown);
 }
 
 void DemoStage::later(std::function<void()> action)

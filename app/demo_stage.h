@@ -30,6 +30,11 @@ public:
     /// `picture`.png; an empty name takes none.
     Task step(QString what, QString picture, std::function<bool()> shown);
 
+    /// Online Data or Offline Data, and what the background poll makes of it: mode, status line
+    /// and messages belong together in every picture after it.
+    Task goOnline();
+    Task goOffline();
+
     /// Does something that opens a modal window or box, from an event of its own, so that the
     /// demonstration goes on while the window is open.
     void later(std::function<void()> action);
@@ -57,6 +62,7 @@ public:
 
 private:
     Task wholeRun();
+    Task statusEndsWith(QString text);
     void take(const QString& picture);
     void report(bool ok, const QString& what, const QString& picture);
 
