@@ -1,10 +1,10 @@
 #pragma once
 
 #include "link/rs_comm.h"
-#include "platform/patient_port.h"
-#include "platform/prompts.h"
 #include "platform/qt_serial_port.h"
 #include "platform/steady_clock.h"
+#include "shell/patient_port.h"
+#include "shell/prompts.h"
 
 #include <QTemporaryDir>
 

@@ -5,9 +5,9 @@
 #include "bench/window_under_test.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
+#include "screens/main_display.h"
 #include "screens/setup_screen.h"
 #include "screens/shift_data_screen.h"
-#include "shell/main_display.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 #include "bench/event_loop_gap.h"
 #include "bench/report.h"
 #include "bench/window_under_test.h"
-#include "shell/main_display.h"
+#include "screens/main_display.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,6 +1,6 @@
 // Feeds the set-up file reader with anything. What it accepts must be in the bytes: written out
 // again it gives their beginning.
-#include "shell/setup_file.h"
+#include "data/setup_file.h"
 
 #include <cstddef>
 #include <cstdint>

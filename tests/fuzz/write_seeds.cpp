@@ -1,5 +1,5 @@
 // Writes set-up files into the folder that is named: what the fuzzer starts from.
-#include "shell/setup_file.h"
+#include "data/setup_file.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -11,7 +11,7 @@ using namespace tambrix;
 
 namespace {
 
-const QString kHelp = QStringLiteral(TAMBRIX_SOURCE_FOLDER "/Help");
+const QString kHelp = QStringLiteral(TAMBRIX_SOURCE_FOLDER "/texts/Help");
 
 const HelpBook& book()
 {

@@ -33,7 +33,7 @@ struct DeskRig : WindowRig
 {
     HelpDesk desk{state};
 
-    DeskRig() { state.helpFile = QStringLiteral(TAMBRIX_SOURCE_FOLDER "/Help/TMBRX.hlp"); }
+    DeskRig() { state.helpFile = QStringLiteral(TAMBRIX_SOURCE_FOLDER "/texts/Help/TMBRX.hlp"); }
 
     /// The last part of where the help explains this widget: "file.html#anchor".
     QString place(const QWidget& widget)

@@ -1,6 +1,6 @@
 #include "maintenance/comm_port_dialog.h"
 
-#include "shell/numeric_entry_field.h"
+#include "controls/numeric_entry_field.h"
 #include "tests/support/maintenance_rig.h"
 
 #include <QListWidget>

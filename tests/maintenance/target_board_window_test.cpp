@@ -1,8 +1,8 @@
 #include "maintenance/target_board_window.h"
 
+#include "controls/named_controls.h"
+#include "controls/numeric_entry_field.h"
 #include "maintenance/board_codes.h"
-#include "shell/helpers.h"
-#include "shell/numeric_entry_field.h"
 #include "tests/support/maintenance_rig.h"
 
 #include <QLabel>

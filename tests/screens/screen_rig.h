@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/numeric_entry_field.h"
+#include "controls/numeric_entry_field.h"
 #include "shell/screen.h"
 #include "tests/support/press_rig.h"
 #include "tests/support/wire_writes.h"

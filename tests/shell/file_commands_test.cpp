@@ -1,9 +1,9 @@
 #include "shell/file_commands.h"
 
+#include "data/setup_file.h"
+#include "data/whole_file.h"
 #include "shell/file_drop.h"
 #include "shell/main_window.h"
-#include "shell/setup_file.h"
-#include "shell/whole_file.h"
 #include "tests/support/press_rig.h"
 
 #include <QAction>

@@ -1,5 +1,6 @@
-#include "shell/fitting_font.h"
-#include "shell/helpers.h"
+#include "controls/fonts.h"
+#include "controls/forms.h"
+#include "data/program_file_name.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,4 +1,4 @@
-#include "shell/alarm_message.h"
+#include "data/alarm_message.h"
 #include "tests/support/press_rig.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/prompts.h"
+#include "shell/prompts.h"
 #include "tests/support/scripted_operator.h"
 
 namespace tambrix {

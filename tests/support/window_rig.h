@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/main_display.h"
+#include "screens/main_display.h"
 #include "shell/main_window.h"
 #include "tests/support/press_rig.h"
 

@@ -1,0 +1,152 @@
+#include "app/appearance.h"
+#include "app/command_line.h"
+#include "app/window_memory.h"
+#include "demo/chapters.h"
+#include "help/help_desk.h"
+#include "maintenance/comm_port_dialog.h"
+#include "maintenance/program_commands.h"
+#include "platform/qt_serial_port.h"
+#include "platform/steady_clock.h"
+#include "reports/reports.h"
+#include "screens/color_control_screen.h"
+#include "screens/io_status_screen.h"
+#include "screens/main_display.h"
+#include "screens/setup_screen.h"
+#include "screens/shift_data_screen.h"
+#include "shell/main_window.h"
+#include "shell/patient_port.h"
+#include "shell/qt_prompts.h"
+#include "simulator/inprocess/built_in_controller.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+
+using namespace tambrix;
+
+namespace {
+
+template <typename Concrete> ScreenFactory screen()
+{
+    return [](ProgramState& state) { return std::make_unique<Concrete>(state); };
+}
+
+/// The child screens, in Window-menu order.
+ScreenTable screens()
+{
+    return {screen<MainDisplay>(), screen<SetupScreen>(), screen<ShiftDataScreen>(),
+            screen<ColorControlScreen>(), screen<IoStatusScreen>()};
+}
+
+/// What the menu items do whose rooms stand beside the shell. `programs` is made after the menu.
+MenuCommands menuCommands(ProgramState& state, Reports& reports, HelpDesk& help,
+                          std::optional<ProgramCommands>& programs)
+{
+    MenuCommands commands;
+    commands.reportSetup = [&reports] { reports.showSetup(); };
+    commands.printReport = [&reports] { reports.print(); };
+    commands.downloadProgram = [&programs] { programs->downloadProgram(); };
+    commands.targetBoard = [&programs] { programs->showTargetBoard(); };
+    commands.commPort = [&state] { CommPortDialog(state, QApplication::activeWindow()).exec(); };
+    commands.helpTopics = [&help] { help.showTopics(); };
+    commands.about = [&help] { help.showAbout(); };
+    return commands;
+}
+
+/// Where this user's own settings are kept; the program folder may not be his to write to.
+QString userSettings()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+           QStringLiteral("/tambrix.ini");
+}
+
+/// Says what there is to say before there is a window, and gives the exit code back.
+int sayAndLeave(const CommandLine& line, int& argc, char* argv[])
+{
+#ifdef Q_OS_WIN
+    const QApplication application(argc, argv); // a program with windows has no console there
+    QMessageBox box(line.exitCode == 0 ? QMessageBox::Information : QMessageBox::Critical,
+                    QStringLiteral("TAMBRIX"), line.text);
+    box.exec();
+#else
+    Q_UNUSED(argc)
+    Q_UNUSED(argv)
+    std::fputs(qPrintable(line.text), line.exitCode == 0 ? stdout : stderr);
+#endif
+    return line.exitCode;
+}
+
+int runProgram(const CommandLine& line)
+{
+    SteadyClock clock;
+    QtPrompts prompts;
+    QtSerialPort realPort(clock, line.serialDevice);
+    BuiltInController controller(clock);
+    PatientPort port(line.simulate ? controller.port() : realPort, clock);
+
+    const QString folder =
+        line.programFolder.isEmpty() ? QApplication::applicationDirPath() : line.programFolder;
+    ProgramState state(QDir(folder), port, clock, prompts);
+    Reports reports(state);
+    HelpDesk help(state);
+    std::optional<ProgramCommands> programs;
+    MainWindow window(state, screens(), menuCommands(state, reports, help, programs));
+    programs.emplace(state, window, window.backgroundPoll());
+
+    const bool demo = !line.demoFolder.isEmpty(); // leaves no trace on the user's machine
+    std::optional<WindowMemory> memory;
+    if (!demo) {
+        memory.emplace(window, userSettings());
+        window.files().recent().keepIn(userSettings());
+    }
+    window.show();
+    if (!line.setupFile.isEmpty())
+        QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
+
+    DemoStage stage(window, controller, QDir(line.demoFolder));
+    if (demo)
+        stage.run(demonstration(stage));
+    return QApplication::exec();
+}
+
+/// Looked up before the window system takes the option out of the arguments.
+bool asksForStyle(int argc, char* argv[])
+{
+    return qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE") ||
+           std::any_of(argv, argv + argc, [](const char* argument) {
+               return QByteArray(argument).startsWith("-style") ||
+                      QByteArray(argument).startsWith("--style");
+           });
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    CommandLine line;
+    {
+        // The arguments are read before there is a window system: --version needs none.
+        int count = argc;
+        const QCoreApplication reader(count, argv);
+        line = parseCommandLine(QCoreApplication::arguments());
+    }
+    if (!line.demoFolder.isEmpty() && !QDir().mkpath(line.demoFolder)) {
+        line.text = QStringLiteral("tambrix: cannot make the folder '%1'.\n").arg(line.demoFolder);
+        line.exitCode = kUsageError;
+    }
+    if (!line.text.isEmpty())
+        return sayAndLeave(line, argc, argv);
+
+    if (!line.demoFolder.isEmpty()) // nobody is there to use the system's own dialogs
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const bool styleAskedFor = asksForStyle(argc, argv);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("TAMBRIX"));
+    applyAppearance(styleAskedFor);
+    return runProgram(line);
+}

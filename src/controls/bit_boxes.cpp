@@ -1,0 +1,68 @@
+#include "controls/bit_boxes.h"
+
+#include "controls/named_controls.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QPushButton>
+
+namespace tambrix {
+
+BitBoxes::BitBoxes(const char* name, const QString& mark, const QString& purpose,
+                   std::function<void()> clicked)
+    : m_clicked(std::move(clicked))
+{
+    for (int d = 0; d < kDuctors; ++d) {
+        const QString number = QString::number(d + 1);
+        auto* box = new QCheckBox(mark + number);
+        box->setObjectName(arrayName(name, d));
+        box->setAccessibleName(purpose + u' ' + number);
+        QObject::connect(box, &QCheckBox::clicked, box, m_clicked);
+        m_boxes[static_cast<std::size_t>(d)] = box;
+    }
+}
+
+int BitBoxes::bits() const
+{
+    int bits = 0;
+    for (std::size_t d = 0; d < m_boxes.size(); ++d)
+        bits |= m_boxes[d]->isChecked() ? 1 << d : 0;
+    return bits;
+}
+
+void BitBoxes::show(int bits)
+{
+    for (std::size_t d = 0; d < m_boxes.size(); ++d)
+        m_boxes[d]->setChecked((bits & (1 << d)) != 0);
+}
+
+void BitBoxes::clickAll(bool ticked)
+{
+    for (QCheckBox* box : m_boxes) {
+        if (box->isChecked() == ticked)
+            continue;
+        box->setChecked(ticked);
+        m_clicked();
+    }
+}
+
+void BitBoxes::setEnabled(bool enabled)
+{
+    for (QCheckBox* box : m_boxes)
+        box->setEnabled(enabled);
+}
+
+void BitBoxes::layOut(QGroupBox& frame, QPushButton& all, QPushButton& none) const
+{
+    constexpr int kHalf = kDuctors / 2;
+    auto* grid = new QGridLayout(&frame);
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(12);
+    int column = 0;
+    for (QCheckBox* box : m_boxes)
+        grid->addWidget(box, 0, column++);
+    grid->addWidget(&all, 1, 0, 1, kHalf);
+    grid->addWidget(&none, 1, kHalf, 1, kHalf);
+}
+
+} // namespace tambrix

@@ -1,0 +1,174 @@
+#include "maintenance/fault_page.h"
+
+#include "controls/named_controls.h"
+#include "link/lenient_number.h"
+#include "maintenance/board_codes.h"
+#include "platform/cooperative_loop.h"
+
+#include <QFontMetrics>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tambrix {
+
+namespace {
+
+// Indices of the codes, and of their labels and text boxes.
+constexpr std::size_t kCurrentFault = 0;
+constexpr std::size_t kLastFault = 1;
+constexpr std::size_t kSlot = 2;
+constexpr std::size_t kAction = 3; // the last fault again: it selects the corrective action
+constexpr std::size_t kCurrentError = 4;
+constexpr std::size_t kLastError = 5;
+
+constexpr std::array kRegisters = {"B8176", "B8177", "B8175", "B8177", "B8179", "B8178"};
+constexpr std::array kCaptions = {"Current Fault:",     "Last Fault:",         "CO-CPU Slot:",
+                                  "Corrective Action:", "Current Comm Error:", "Last Comm Error:"};
+constexpr std::array kTextLines = {2, 2, 0, 4, 2, 2};
+
+const QString kCannotCommunicate = QStringLiteral("Cannot Communicate with Target Board.");
+
+int hexValue(const QString& code)
+{
+    return leadingHex(code.toStdString());
+}
+
+QPlainTextEdit* makeTextBox(std::size_t index)
+{
+    auto* box = new QPlainTextEdit;
+    box->setObjectName(arrayName("txtTargetBoard", static_cast<int>(index)));
+    box->setAccessibleName(QLatin1String(kCaptions[index]));
+    box->setReadOnly(true);
+    box->setTabChangesFocus(true);
+    box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the text wraps
+    const int lines = QFontMetrics(box->font()).lineSpacing() * kTextLines[index];
+    box->setFixedHeight(lines + 2 * box->frameWidth() + 10);
+    return box;
+}
+
+} // namespace
+
+FaultPage::FaultPage(ProgramState& state, const std::function<void()>& reset)
+    : m_state(state),
+      m_reset(makeButton(QStringLiteral("cmdResetFaults"), QStringLiteral("&Reset Faults")))
+{
+    connect(m_reset, &QPushButton::clicked, this, reset);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_reset);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(makeFaults());
+    layout->addWidget(makeNetworkErrors());
+    layout->addStretch();
+    layout->addLayout(buttons);
+}
+
+QWidget* FaultPage::makeFaults()
+{
+    QGroupBox* group =
+        makeFrame(QStringLiteral("fraInternalFault"), QStringLiteral("Internal Fault Code:"));
+    auto* layout = new QVBoxLayout(group);
+    for (const std::size_t index : {kCurrentFault, kLastFault, kSlot, kAction})
+        addCode(*layout, index);
+    return group;
+}
+
+QWidget* FaultPage::makeNetworkErrors()
+{
+    QGroupBox* group = makeFrame(QStringLiteral("fraCommError"),
+                                 QStringLiteral("Communications Network Error Codes:"));
+    auto* layout = new QVBoxLayout(group);
+    for (const std::size_t index : {kCurrentError, kLastError})
+        addCode(*layout, index);
+    return group;
+}
+
+void FaultPage::addCode(QVBoxLayout& layout, std::size_t index)
+{
+    m_labels[index] = makeLabel(arrayName("lblTargetBoard", static_cast<int>(index)),
+                                QLatin1String(kCaptions[index]));
+    layout.addWidget(m_labels[index]);
+    if (index == kSlot) // a number only
+        return;
+    m_boxes[index] = makeTextBox(index);
+    layout.addWidget(m_boxes[index]);
+}
+
+void FaultPage::showSlot(bool shown)
+{
+    m_slotShown = shown;
+    m_labels[kSlot]->setVisible(shown);
+}
+
+void FaultPage::enableReset(bool enabled)
+{
+    m_reset->setEnabled(enabled);
+}
+
+Task FaultPage::refresh(CooperativeLoop& loop)
+{
+    m_reset->setEnabled(false);
+    if (m_boxes[kCurrentFault]->toPlainText() == kCannotCommunicate)
+        m_boxes[kCurrentFault]->clear();
+    for (std::size_t index = 0; index < m_codes.size(); ++index) {
+        co_await loop.pendingEvents();
+        m_codes[index] = readCode(index);
+    }
+    showCodes();
+    showTexts({kCurrentFault, kLastFault}, "FaultErrCodes.txt");
+    if (m_slotShown && !m_state.gLink.CommError)
+        showSlotNumber(std::stoi(m_state.gLink.RSRead(kRegisters[kSlot])));
+    m_boxes[kAction]->setPlainText(correctiveAction(hexValue(m_codes[kAction])));
+    showTexts({kCurrentError, kLastError}, "CommErrCodes.txt");
+}
+
+/// The code as text. One that reads as a decimal number above 0 makes the reset available; a code
+/// that begins with a letter, or with 0 and a letter, does not.
+QString FaultPage::readCode(std::size_t index)
+{
+    RSComm& link = m_state.gLink;
+    const std::string value = link.CommError ? std::string() : link.RSRead(kRegisters[index]);
+    const QString code = link.CommError ? kBrokenLinkCode : codeText(std::stoi(value));
+    if (index != kSlot && leadingDecimal(code.toStdString()) > 0)
+        m_reset->setEnabled(true);
+    return code;
+}
+
+void FaultPage::showCodes()
+{
+    for (const std::size_t index : {kCurrentFault, kLastFault, kCurrentError, kLastError}) {
+        m_labels[index]->setEnabled(true);
+        m_labels[index]->setText(QLatin1String(kCaptions[index]) + " Code = " + m_codes[index] +
+                                 u'H');
+    }
+    m_labels[kAction]->setEnabled(true);
+    m_labels[kSlot]->setEnabled(true);
+    showSlotNumber(hexValue(m_codes[kSlot]));
+}
+
+void FaultPage::showSlotNumber(int slot)
+{
+    m_labels[kSlot]->setText(QStringLiteral("CO-CPU Slot: %1").arg(slot));
+}
+
+void FaultPage::showTexts(std::initializer_list<std::size_t> boxes, const char* file)
+{
+    const QString path = m_state.programFolder.filePath(QStringLiteral("Support/") + file);
+    for (const std::size_t index : boxes) {
+        if (const auto text = lastTextOf(m_codes[index], path))
+            m_boxes[index]->setPlainText(*text);
+    }
+}
+
+void FaultPage::showOffline()
+{
+    m_reset->setEnabled(false);
+    for (QLabel* label : m_labels)
+        label->setEnabled(false);
+    m_boxes[kCurrentFault]->setPlainText(kCannotCommunicate);
+}
+
+} // namespace tambrix

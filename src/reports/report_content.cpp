@@ -1,0 +1,166 @@
+#include "reports/report_content.h"
+
+#include "data/color_density.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+#include <array>
+
+namespace tambrix {
+
+namespace {
+
+constexpr double kQuantityShare = 3.0;
+constexpr double kLabelShare = 1.2;
+const QString kTenthsOfACan = QStringLiteral("0.1 cans");
+
+std::int32_t valueOf(const ProgramState& state, int slot)
+{
+    return state.gWorkingData.Value[static_cast<std::size_t>(slot)];
+}
+
+QString numberOf(const ProgramState& state, int slot)
+{
+    return QString::number(valueOf(state, slot));
+}
+
+QString enabledDuctors(std::int32_t bits)
+{
+    QStringList ductors;
+    for (int d = 0; d < kDuctors; ++d) {
+        if ((bits >> d & 1) != 0)
+            ductors.append(QString::number(d + 1));
+    }
+    if (ductors.isEmpty())
+        return QStringLiteral("none");
+    return ductors.size() == kDuctors ? QStringLiteral("all") : ductors.join(QLatin1String(", "));
+}
+
+ReportTable setupTable(const ProgramState& state)
+{
+    const auto row = [&](const char* name, const QString& value, const QString& unit) {
+        return ReportBlock{{{QLatin1String(name), value, unit}}};
+    };
+    const auto slot = [&](int index) { return numberOf(state, kSetupSlot + index); };
+    return {QStringLiteral("Set-up Parameters"),
+            {{QStringLiteral("Parameter"), 3, Qt::AlignLeft},
+             {QStringLiteral("Value"), 1.5},
+             {QStringLiteral("Unit"), 2, Qt::AlignLeft}},
+            {row("Maximum Cycle Duration", slot(0), kTenthsOfACan),
+             row("Maximum ON Duration", slot(1), kTenthsOfACan),
+             row("Response Time Compensation", slot(2), QStringLiteral("msec")),
+             row("Color Gain", slot(3), QStringLiteral("% (100% per 2000 CPM)")),
+             row("Feedback Enable", enabledDuctors(valueOf(state, kSetupSlot + 4)),
+                 QStringLiteral("ductors")),
+             row("Label Number", numberOf(state, kCurrentLabelSlot), {})}};
+}
+
+ReportTable shiftTable(const ProgramState& state)
+{
+    ReportTable table{QStringLiteral("Shift Data Counts"),
+                      {{QStringLiteral("Ductor"), 3, Qt::AlignLeft},
+                       {QStringLiteral("Cycling Count"), 1.5},
+                       {QStringLiteral("Unit"), 2, Qt::AlignLeft}},
+                      {}};
+    for (int d = 0; d < kDuctors; ++d)
+        table.blocks.push_back({{{QStringLiteral("Ductor No. %1").arg(d + 1),
+                                  QLocale().toString(valueOf(state, kShiftCountSlot + d)),
+                                  QStringLiteral("cycles")}}});
+    return table;
+}
+
+std::vector<ReportColumn> labelColumns()
+{
+    std::vector<ReportColumn> columns = {
+        {QStringLiteral("Label"), kLabelShare, Qt::AlignLeft},
+        {QStringLiteral("Ductor No."), kQuantityShare, Qt::AlignLeft}};
+    for (int d = 0; d < kDuctors; ++d)
+        columns.push_back({QString::number(d + 1)});
+    return columns;
+}
+
+/// Three rows of a label: ON, CYCLE and the density that they give.
+ReportBlock labelBlock(const ProgramState& state, int label)
+{
+    const int maximumOn = valueOf(state, kSetupSlot + 1);
+    QStringList on = {QString::number(label), QStringLiteral("ON (0.1 cans)")};
+    QStringList cycle = {{}, QStringLiteral("CYCLE (0.1 cans)")};
+    QStringList density = {{}, QStringLiteral("Color Density")};
+    for (int d = 0; d < kDuctors; ++d) {
+        const int onValue = valueOf(state, labelBase(label) + d);
+        const int cycleValue = valueOf(state, labelBase(label) + kDuctors + d);
+        on.append(QString::number(onValue));
+        cycle.append(QString::number(cycleValue));
+        density.append(colorDensity(onValue, cycleValue, maximumOn));
+    }
+    return {{on, cycle, density}};
+}
+
+ReportTable labelTable(const ProgramState& state)
+{
+    const ReportSettings& settings = state.report;
+    const int first = settings.allLabels ? 0 : settings.firstLabel;
+    const int last = settings.allLabels ? kLabels - 1 : settings.lastLabel;
+    ReportTable table{QStringLiteral("Label Set-up Data"), labelColumns(), {}};
+    for (int label = first; label <= last; ++label)
+        table.blocks.push_back(labelBlock(state, label));
+    return table;
+}
+
+QString asOf(const QDateTime& stamp)
+{
+    const bool dayOnly = stamp.time() == QTime(0, 0);
+    return dayOnly ? QLocale().toString(stamp.date(), QLocale::ShortFormat)
+                   : QLocale().toString(stamp, QLocale::ShortFormat);
+}
+
+bool isNamed(const ProgramState& state)
+{
+    return !state.gUntitled && !state.gFileNameTitle.isEmpty();
+}
+
+/// The header names the file: a reader must see when its values are not, or no longer, the file's.
+QStringList fileNotes(const ProgramState& state)
+{
+    const QFileInfo file(state.gFileNamePath);
+    if (!isNamed(state) || !file.exists())
+        return {};
+    const QString saved = QStringLiteral("File saved %1").arg(asOf(file.lastModified()));
+    return {state.hasUnsavedChanges()
+                ? saved + QStringLiteral("; the report shows values that were changed since.")
+                : saved + u'.'};
+}
+
+/// The report prints the data set in this program, also while the screens show the controller's
+/// own values: on line it says so, or a reader would take it for what the press runs with.
+QStringList onlineNotes(const ProgramState& state)
+{
+    if (!state.gLink.OnlineMode)
+        return {};
+    const QString since = state.gUploadNOW.isValid()
+                              ? QStringLiteral("as of %1").arg(asOf(state.gUploadNOW))
+                              : QStringLiteral("to which nothing has been uploaded yet");
+    return {QStringLiteral("Printed on line. The report shows the data set in this program, %1.")
+                .arg(since),
+            QStringLiteral("The controller may hold other values.")};
+}
+
+} // namespace
+
+Report reportContent(const ProgramState& state, const QDateTime& now)
+{
+    Report report{isNamed(state) ? state.gFileNameTitle : QStringLiteral("untitled"),
+                  QLocale().toString(now.date(), QLocale::ShortFormat),
+                  fileNotes(state) + onlineNotes(state),
+                  {}};
+    if (state.report.printSetupData)
+        report.tables.push_back(setupTable(state));
+    if (state.report.printShiftData)
+        report.tables.push_back(shiftTable(state));
+    if (state.report.printLabelData)
+        report.tables.push_back(labelTable(state));
+    return report;
+}
+
+} // namespace tambrix

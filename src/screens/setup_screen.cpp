@@ -1,0 +1,154 @@
+#include "screens/setup_screen.h"
+
+#include "controls/fonts.h"
+#include "controls/named_controls.h"
+#include "controls/value_label.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace tambrix {
+
+namespace {
+
+const std::array<std::string, 5> kRegisters = {"W690", "B692", "B1013", "B1014", "B694"};
+constexpr std::size_t kFeedbackEntry = 4;
+constexpr int kAllDuctors = 255;
+
+struct Parameter
+{
+    const char* caption;
+    std::int32_t minimum;
+    std::int32_t maximum;
+};
+
+constexpr std::array<Parameter, 4> kParameters = {{
+    {"Maximum &Cycle Duration (0.1 cans):", 140, 650},
+    {"M&aximum ON Duration (0.1 cans):", 0, 200},
+    {"&Response Time Compensation (msec):", 0, 65},
+    {"Color &Gain % (CG-100% per 2000CPM):", 50, 150},
+}};
+
+/// A typed value has always been kept among the CYCLE durations of label 6, ductors 5 to 8, and
+/// only a spinner step in the parameter's own slot. Data sets in use were made that way.
+constexpr int kTypedSlot = labelBase(6) + kDuctors + 4;
+
+QLabel* makeRangeHint(const Parameter& parameter)
+{
+    return new QLabel(QStringLiteral("%1 to %2").arg(parameter.minimum).arg(parameter.maximum));
+}
+
+} // namespace
+
+SetupScreen::SetupScreen(ProgramState& state)
+    : Screen(state),
+      m_feedback("chkFeedback", QStringLiteral("&"), QStringLiteral("Feedback Enable, ductor"),
+                 [this] { setFeedback(m_feedback.bits()); }),
+      m_parameterFrame(makeParameters()),
+      m_feedbackFrame(makeFeedback())
+{
+    setObjectName(QStringLiteral("frmSetup"));
+    setWindowTitle(QStringLiteral("Set-Up"));
+    setPoints(*this, kScreenPoints);
+    stackFrames(*this, {m_parameterFrame, m_feedbackFrame});
+}
+
+QGroupBox* SetupScreen::makeParameters()
+{
+    QGroupBox* frame = makeFrame(arrayName("fraSetup", 0), QStringLiteral("Cycling Parameters"));
+    auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(12);
+    for (std::size_t i = 0; i < kFields; ++i) {
+        const int row = static_cast<int>(i);
+        m_fields[i] = new NumericEntryField(state().prompts, *cmdDefault(), rulesOf(i));
+        m_fields[i]->setNames(arrayName("txtSetup", row), arrayName("updSetup", row));
+        grid->addWidget(m_fields[i]->makeCaption(arrayName("lblDescription", row),
+                                                 QLatin1String(kParameters[i].caption)),
+                        row, 0);
+        grid->addWidget(m_fields[i], row, 1);
+        grid->addWidget(makeRangeHint(kParameters[i]), row, 2);
+    }
+    grid->setColumnStretch(3, 1);
+    return frame;
+}
+
+QGroupBox* SetupScreen::makeFeedback()
+{
+    QGroupBox* frame = makeFrame(arrayName("fraSetup", 1), QStringLiteral("Feedback Enable"));
+    auto* enableAll = new QPushButton(QStringLiteral("&Enable All"));
+    enableAll->setObjectName(QStringLiteral("cmdEnableFeedbackAll"));
+    connect(enableAll, &QPushButton::clicked, this, [this] { setFeedback(kAllDuctors); });
+    auto* disableAll = new QPushButton(QStringLiteral("D&isable All"));
+    disableAll->setObjectName(QStringLiteral("cmdDisableFeedbackAll"));
+    connect(disableAll, &QPushButton::clicked, this, [this] { setFeedback(0); });
+
+    m_feedback.layOut(*frame, *enableAll, *disableAll);
+    return frame;
+}
+
+EntryRules SetupScreen::rulesOf(std::size_t entry)
+{
+    const auto keep = [this, entry](int slot, const QString& text, std::int32_t value) {
+        workingValue(slot + static_cast<int>(entry)) = value;
+        writeRegister(kRegisters[entry], text);
+    };
+    EntryRules rules;
+    rules.title = QStringLiteral("Set-up");
+    rules.minimum = kParameters[entry].minimum;
+    rules.maximum = kParameters[entry].maximum;
+    rules.store = [keep](const QString& text, std::int32_t value) {
+        keep(kTypedSlot, text, value);
+    };
+    rules.step = [keep](const QString& text, std::int32_t value) { keep(kSetupSlot, text, value); };
+    return rules;
+}
+
+void SetupScreen::applyOnlineView()
+{
+    enableControls(true);
+}
+
+void SetupScreen::applyOfflineView()
+{
+    enableControls(state().gOfflineEditing);
+}
+
+void SetupScreen::enableControls(bool enabled)
+{
+    endEditing();
+    m_parameterFrame->setEnabled(enabled);
+    m_feedbackFrame->setEnabled(enabled);
+}
+
+Task SetupScreen::onlinePass()
+{
+    return readRegisters(
+        kRegisters, [this](std::size_t entry, const QString& value) { showEntry(entry, value); });
+}
+
+Task SetupScreen::offlinePass()
+{
+    for (std::size_t entry = 0; entry < kRegisters.size(); ++entry)
+        showEntry(entry, QString::number(workingValue(kSetupSlot + static_cast<int>(entry))));
+    co_return;
+}
+
+void SetupScreen::showEntry(std::size_t entry, const QString& value)
+{
+    if (entry == kFeedbackEntry)
+        m_feedback.show(value.toInt());
+    else
+        m_fields[entry]->showValue(value);
+}
+
+/// The buttons leave the boxes alone; the next pass shows what the controller made of it.
+void SetupScreen::setFeedback(int bits)
+{
+    workingValue(kSetupSlot + static_cast<int>(kFeedbackEntry)) = bits;
+    writeRegister(kRegisters[kFeedbackEntry], QString::number(bits));
+}
+
+} // namespace tambrix

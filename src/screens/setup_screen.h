@@ -1,0 +1,44 @@
+#pragma once
+
+#include "controls/bit_boxes.h"
+#include "controls/numeric_entry_field.h"
+#include "shell/screen.h"
+
+#include <array>
+
+class QGroupBox;
+
+namespace tambrix {
+
+/// The controller's machine-wide colour-control parameters: four numbers, and per ductor whether
+/// its feedback is watched.
+class SetupScreen : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit SetupScreen(ProgramState& state);
+
+protected:
+    void applyOnlineView() override;
+    void applyOfflineView() override;
+    Task onlinePass() override;
+    Task offlinePass() override;
+
+private:
+    static constexpr std::size_t kFields = 4;
+
+    QGroupBox* makeParameters();
+    QGroupBox* makeFeedback();
+    EntryRules rulesOf(std::size_t entry);
+    void enableControls(bool enabled);
+    void showEntry(std::size_t entry, const QString& value);
+    void setFeedback(int bits);
+
+    std::array<NumericEntryField*, kFields> m_fields{};
+    BitBoxes m_feedback;
+    QGroupBox* m_parameterFrame;
+    QGroupBox* m_feedbackFrame;
+};
+
+} // namespace tambrix

@@ -1,0 +1,193 @@
+#include "shell/file_commands.h"
+
+#include "data/link_text.h"
+#include "data/setup_file.h"
+#include "data/whole_file.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+namespace tambrix {
+
+namespace {
+
+const QString kSetupFilter = QStringLiteral("Setup Files(*.sdt)|*.sdt|");
+const QString kTextFilter = QStringLiteral("Text Files(*.txt)|*.txt|");
+const QString kUnnamed = QStringLiteral("[unnamed]");
+
+/// A set-up file takes some 30 KB. What is very much longer is none.
+constexpr qint64 kLongestSetupFile = 1 << 20;
+
+std::optional<SetupDataRecord> readRecord(const QString& path)
+{
+    const auto bytes = readWholeFile(path, kLongestSetupFile);
+    if (!bytes)
+        return std::nullopt;
+    auto content = readSetupFile({bytes->constData(), static_cast<std::size_t>(bytes->size())});
+    auto* record = std::get_if<SetupDataRecord>(&content);
+    return record != nullptr ? std::optional(std::move(*record)) : std::nullopt;
+}
+
+} // namespace
+
+bool FileCommands::mayDropData()
+{
+    if (!m_state.hasUnsavedChanges())
+        return true;
+    const BoxAnswer answer = m_state.prompts.showMessage(
+        {BoxIcon::Warning, BoxButtons::YesNoCancel, "TAMBRIX", "Save Changes to File?"});
+    return answer == BoxAnswer::Yes ? save() : answer == BoxAnswer::No;
+}
+
+void FileCommands::newFile()
+{
+    if (!mayDropData())
+        return;
+    m_state.gWorkingData = m_state.gDefaultData;
+    m_state.gSavedData = m_state.gWorkingData;
+    m_state.gUntitled = true;
+    setCaption(kUnnamed);
+}
+
+void FileCommands::open()
+{
+    std::optional<QString> path;
+    do {
+        if (!mayDropData())
+            return;
+        const QFileInfo current(m_state.gFileNamePath);
+        path = m_state.prompts.askOpenFile({QStringLiteral("Open"), kSetupFilter, current.path(),
+                                            current.fileName(), QStringLiteral("sdt")});
+    } while (path && !load(*path));
+}
+
+void FileCommands::openFile(const QString& path)
+{
+    if (mayDropData() && !load(path))
+        open();
+}
+
+/// Returns false when the user wants to choose another file.
+bool FileCommands::load(const QString& path)
+{
+    auto record = readRecord(path);
+    if (!record) {
+        if (!QFileInfo::exists(path))
+            m_recent.remove(path);
+        return true;
+    }
+    m_state.gFileBuffer = std::move(*record);
+    setFileName(path);
+    m_state.gUploadNOW = today();
+    const BoxAnswer answer = m_state.gFileBuffer.Version == m_state.gProgramVersion
+                                 ? BoxAnswer::Yes
+                                 : askForOtherVersion();
+    if (answer == BoxAnswer::Yes)
+        acceptFile();
+    return answer != BoxAnswer::No;
+}
+
+BoxAnswer FileCommands::askForOtherVersion()
+{
+    const QString version = QString::fromLatin1(m_state.gFileBuffer.Version);
+    return m_state.prompts.showMessage(
+        {BoxIcon::Question, BoxButtons::YesNoCancel, "TAMBRIX",
+         "File created by set-up program version: " + version.toStdString() +
+             "\r\nData tables may not be properly aligned.\r\n\r\nDo you wish to continue?"});
+}
+
+void FileCommands::acceptFile()
+{
+    m_state.gFileBuffer.Address.resize(gDataUpperBound + 1);
+    m_state.gFileBuffer.Value.resize(gDataUpperBound + 1);
+    m_state.gWorkingData = m_state.gFileBuffer;
+    m_state.gSavedData = m_state.gWorkingData;
+    m_state.gUntitled = false;
+    setCaption(u'[' + m_state.gFileNameTitle + u']');
+    m_recent.add(m_state.gFileNamePath);
+}
+
+bool FileCommands::save()
+{
+    if (m_state.gUntitled)
+        return saveAs();
+    const auto error = writeFile();
+    if (error)
+        m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "TAMBRIX",
+                                     "Cannot Save File\r\n" + m_state.gFileNamePath.toStdString() +
+                                         "\r\n\r\n" + error->toStdString()});
+    return !error;
+}
+
+bool FileCommands::saveAs()
+{
+    const auto path = m_state.prompts.askSaveFile(
+        {QStringLiteral("Save As"), kSetupFilter, saveFolder(), {}, QStringLiteral("sdt")});
+    if (!path)
+        return false;
+    m_state.gUntitled = false;
+    setFileName(*path);
+    return !writeFile();
+}
+
+QString FileCommands::saveFolder() const
+{
+    return m_state.gFileNamePath.isEmpty() ? m_state.programFolder.path()
+                                           : QFileInfo(m_state.gFileNamePath).path();
+}
+
+/// Returns the reason when it failed; then nothing in memory has changed.
+std::optional<QString> FileCommands::writeFile()
+{
+    SetupDataRecord record = m_state.gWorkingData;
+    record.Version = m_state.gProgramVersion;
+    const auto error =
+        writeWholeFile(m_state.gFileNamePath, QByteArray::fromStdString(setupFileBytes(record)));
+    if (error)
+        return error;
+    m_state.gWorkingData = std::move(record);
+    m_state.gSavedData = m_state.gWorkingData;
+    setCaption(u'[' + m_state.gFileNameTitle + u']');
+    m_recent.add(m_state.gFileNamePath);
+    return std::nullopt;
+}
+
+void FileCommands::exportShiftData()
+{
+    const QFileInfo last(m_state.gFileExportPath);
+    const bool first = m_state.gFileExportPath.isEmpty();
+    const auto path =
+        m_state.prompts.askSaveFile({QStringLiteral("Export Shift Data"), kTextFilter,
+                                     first ? m_state.programFolder.path() : last.path(),
+                                     first ? QString() : last.fileName(), QStringLiteral("txt")});
+    if (!path)
+        return;
+    m_state.gFileExportPath = *path;
+    writeWholeFile(*path, shiftDataReport(m_state).toLocal8Bit());
+}
+
+void FileCommands::setFileName(const QString& path)
+{
+    m_state.gFileNamePath = path;
+    m_state.gFileNameTitle = QFileInfo(path).fileName();
+}
+
+void FileCommands::setCaption(const QString& caption)
+{
+    m_state.gFileNameCaption = caption;
+    emit captionChanged();
+}
+
+QString shiftDataReport(const ProgramState& state)
+{
+    const QString& title = state.gFileNameTitle;
+    const QString date = QLocale().toString(state.gUploadNOW.date(), QLocale::ShortFormat);
+    QStringList lines = {title.isEmpty() ? QStringLiteral("untitled") : title,
+                         QStringLiteral("Date: ") + date, QStringLiteral(" "),
+                         QStringLiteral("Cycling Counts (1-8):")};
+    for (std::size_t d = 0; d < kDuctors; ++d)
+        lines += fromLink(valueText(state.gWorkingData.Value[kShiftCountSlot + d]));
+    return lines.join(QLatin1String("\r\n")) + QLatin1String("\r\n");
+}
+
+} // namespace tambrix

@@ -1,0 +1,191 @@
+#include "shell/main_window.h"
+
+#include "data/link_text.h"
+#include "shell/file_drop.h"
+#include "shell/status_panels.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kPollInterval = 500; // ms
+constexpr int kTitlePoints = 13;
+constexpr QSize kFirstSize(1280, 690); // the frame included it fits 1366 x 768
+const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
+constexpr const char* kAlarmRegister = "B65";
+constexpr const char* kPasscodeRegister = "W1298";
+
+QLabel* makeScreenTitle()
+{
+    auto* title = new QLabel;
+    QFont font = title->font();
+    font.setPointSize(kTitlePoints);
+    font.setBold(true);
+    title->setFont(font);
+    title->setContentsMargins(10, 6, 10, 0);
+    return title;
+}
+
+} // namespace
+
+MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuCommands& commands)
+    : m_state(state),
+      m_files(state),
+      m_screens(std::move(screens)),
+      m_panels(new StatusPanels(*statusBar())),
+      m_screenTitle(makeScreenTitle())
+{
+    setObjectName(QStringLiteral("frmTambrix"));
+    resize(kFirstSize);
+    auto* place = new QWidget;
+    m_screenPlace = new QVBoxLayout(place);
+    m_screenPlace->setContentsMargins(0, 0, 0, 0);
+    m_screenPlace->setSpacing(0);
+    m_screenPlace->addWidget(m_screenTitle);
+    setCentralWidget(place);
+
+    buildFileMenu(commands);
+    buildEditMenu(commands);
+    buildViewMenu(commands);
+    buildWindowMenu();
+    buildHelpMenu(commands);
+
+    connect(m_panels, &StatusPanels::modeClicked, this,
+            [this] { setOnline(!m_state.gLink.OnlineMode); });
+    connect(&m_files, &FileCommands::captionChanged, this, &MainWindow::showCaption);
+    connect(&m_files.recent(), &RecentFiles::changed, this, &MainWindow::showRecentFiles);
+    new FileDrop(*this, [this](const QString& file) { m_files.openFile(file); });
+    connect(&m_state, &ProgramState::onlineModeApplied, this, &MainWindow::showMode);
+    m_poll.setObjectName(QStringLiteral("tmrBackgroungUpdate"));
+    m_poll.setInterval(kPollInterval);
+    connect(&m_poll, &QTimer::timeout, this, &MainWindow::poll);
+
+    load();
+}
+
+MainWindow::~MainWindow()
+{
+    unloadScreen();
+}
+
+/// The start-up sequence: what exists before the first screen is shown.
+void MainWindow::load()
+{
+    m_state.helpFile = m_state.programFolder.filePath(QStringLiteral("Help/TMBRX.hlp"));
+    m_state.gFileNameCaption = QStringLiteral("[unnamed]");
+    m_state.InitSetupData();
+    m_state.report = {};
+    m_state.gFileNamePath = m_state.programFolder.filePath(QStringLiteral("*.sdt"));
+    m_files.newFile();
+    showMode(m_state.gLink.OnlineMode);
+    poll();
+    showScreen(0);
+    m_loaded = true;
+    m_poll.start();
+}
+
+void MainWindow::showCaption()
+{
+    setWindowTitle(kDesignedCaption + m_state.gFileNameCaption);
+}
+
+void MainWindow::showScreen(int index)
+{
+    const auto slot = static_cast<std::size_t>(index);
+    const bool shown = index == m_currentScreen && m_loaded;
+    if (shown || !m_screens[slot] || m_state.gLink.isBusy()) {
+        m_windowItems[static_cast<std::size_t>(m_currentScreen)]->setChecked(true);
+        return;
+    }
+    unloadScreen();
+    m_currentScreen = index;
+    m_windowItems[slot]->setChecked(true);
+    m_screen = m_screens[slot](m_state).release();
+    m_screenPlace->addWidget(m_screen, 1);
+    m_screenTitle->setText(m_screen->windowTitle());
+    m_screen->show();
+    m_screen->activate();
+}
+
+void MainWindow::unloadScreen()
+{
+    if (m_screen == nullptr)
+        return;
+    m_screen->deactivate();
+    m_screen->hide();
+    m_screenPlace->removeWidget(m_screen);
+    m_screen->deleteLater(); // it may be its own shortcut or button that brought us here
+    m_screen.clear();
+}
+
+void MainWindow::setOnline(bool wanted)
+{
+    if (m_state.gLink.isBusy()) {
+        showMode(m_state.gLink.OnlineMode);
+        return;
+    }
+    m_state.gLink.OnlineMode = wanted;
+    m_state.ApplyOnlineMode();
+}
+
+void MainWindow::showMode(bool online)
+{
+    m_panels->showMode(online);
+    m_online->setChecked(online);
+    m_offline->setChecked(!online);
+    m_passcode->setEnabled(online);
+}
+
+void MainWindow::poll()
+{
+    if (m_state.gLink.isBusy()) // a box inside an exchange: wait for the next tick
+        return;
+    const SystemMessage message = pollMessage();
+    m_state.gSystemMessage = message.display;
+    m_panels->showStatus(message.status);
+}
+
+SystemMessage MainWindow::pollMessage()
+{
+    RSComm& link = m_state.gLink;
+    if (!link.OnlineMode)
+        return offlineMessage(link.CommError);
+    return onlineMessage(link.CommError ? 0 : std::stoi(link.RSRead(kAlarmRegister)));
+}
+
+void MainWindow::editPasscode()
+{
+    RSComm& link = m_state.gLink;
+    QString passcode;
+    if (!link.CommError)
+        passcode = fromLink(link.RSRead(kPasscodeRegister));
+    const QString answer =
+        m_state.prompts
+            .askText(QStringLiteral("Color Control Passcode"),
+                     QStringLiteral("Please Enter New Passcode (0-65535)"), passcode)
+            .value_or(QString());
+    if (!answer.isEmpty() && !link.CommError)
+        link.RSWrite(kPasscodeRegister, answer.toStdString());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_state.gLink.isBusy() || !m_files.mayDropData()) {
+        event->ignore();
+        return;
+    }
+    m_poll.stop();
+    if (m_screen != nullptr)
+        m_screen->deactivate();
+    m_state.gLink.CloseRSComm();
+    unloadScreen();
+    event->accept();
+}
+
+} // namespace tambrix

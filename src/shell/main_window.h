@@ -1,0 +1,107 @@
+#pragma once
+
+#include "data/alarm_message.h"
+#include "shell/file_commands.h"
+#include "shell/program_state.h"
+#include "shell/screen.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QVBoxLayout;
+
+namespace tambrix {
+
+class StatusPanels;
+
+inline constexpr int kScreens = 5;
+
+/// Makes one child screen; empty while there is none for that item of the Window menu.
+using ScreenFactory = std::function<std::unique_ptr<Screen>(ProgramState&)>;
+/// In Window-menu order: Main Display, Set-up Parameters, Shift Data, Color Control, I/O States.
+using ScreenTable = std::array<ScreenFactory, kScreens>;
+
+/// What the menu items do whose rooms stand beside the shell. An empty command greys its item.
+struct MenuCommands
+{
+    std::function<void()> reportSetup;
+    std::function<void()> printReport;
+    std::function<void()> downloadProgram;
+    std::function<void()> commPort;
+    std::function<void()> targetBoard;
+    std::function<void()> helpTopics;
+    std::function<void()> about;
+};
+
+/// The program's frame: menus, status bar, one child screen at a time, and the 500 ms poll of the
+/// controller's alarm word. Closing it closes the port.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow(ProgramState& state, ScreenTable screens, const MenuCommands& commands);
+    ~MainWindow() override;
+
+    /// Shows the child screen with this index (0 to 4), closing the one shown before.
+    void showScreen(int index);
+    int currentScreen() const { return m_currentScreen; }
+
+    /// New, Open, Save and the like, and the recent files.
+    FileCommands& files() { return m_files; }
+
+    /// View > Online Data and Offline Data. Pass their turn while the link is busy.
+    void goOnline() { setOnline(true); }
+    void goOffline() { setOnline(false); }
+
+    /// The background poll; stopped for transfers that need the link to themselves.
+    QTimer& backgroundPoll() { return m_poll; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void load();
+    void buildFileMenu(const MenuCommands& commands);
+    void buildEditMenu(const MenuCommands& commands);
+    void buildViewMenu(const MenuCommands& commands);
+    void buildWindowMenu();
+    void buildHelpMenu(const MenuCommands& commands);
+    void setOnline(bool online);
+    void showMode(bool online);
+    void poll();
+    SystemMessage pollMessage();
+    void editPasscode();
+    void showCaption();
+    void showRecentFiles();
+    void addRecentFile(const QString& path);
+    void unloadScreen();
+
+    ProgramState& m_state;
+    FileCommands m_files;
+    ScreenTable m_screens;
+    StatusPanels* m_panels;
+    QLabel* m_screenTitle;
+    QVBoxLayout* m_screenPlace;
+    QPointer<Screen> m_screen;
+    int m_currentScreen = 0;
+    bool m_loaded = false;
+    QTimer m_poll;
+    QMenu* m_fileMenu = nullptr;
+    QAction* m_belowRecent = nullptr; ///< the recent files stand above this item
+    QList<QAction*> m_recentItems;
+    QAction* m_online = nullptr;
+    QAction* m_offline = nullptr;
+    QAction* m_passcode = nullptr;
+    std::array<QAction*, kScreens> m_windowItems{};
+};
+
+} // namespace tambrix

@@ -1,0 +1,46 @@
+#include "shell/patient_port.h"
+
+#include <QApplication>
+
+#include <algorithm>
+
+namespace tambrix {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr Duration kUnnoticed = 100ms;    // a wait that nobody sees
+constexpr Duration kPaintInterval = 20ms; // how often the window may paint after that
+
+class WaitCursor
+{
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+} // namespace
+
+bool PatientPort::waitForInput(Duration limit)
+{
+    const Duration end = m_clock.now() + limit;
+    if (m_port.waitForInput(std::min(limit, kUnnoticed)))
+        return true;
+    return limit > kUnnoticed && waitVisibly(end);
+}
+
+bool PatientPort::waitVisibly(Duration end)
+{
+    const WaitCursor cursor;
+    for (Duration left = end - m_clock.now(); left > Duration::zero(); left = end - m_clock.now()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        if (m_port.waitForInput(std::min(left, kPaintInterval)))
+            return true;
+    }
+    return false;
+}
+
+} // namespace tambrix

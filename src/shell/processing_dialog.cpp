@@ -1,0 +1,80 @@
+#include "shell/processing_dialog.h"
+
+#include "controls/forms.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kWidth = 360;
+
+} // namespace
+
+ProcessingDialog::ProcessingDialog(ProgramState& state, TransferPlan plan, QWidget* parent)
+    : QDialog(parent),
+      m_state(state),
+      m_transfer(state.gLink, state.gWorkingData, std::move(plan)),
+      m_prgProcessing(new QProgressBar),
+      m_loop([this] { return mayRun(); })
+{
+    setObjectName(QStringLiteral("frmProcessing"));
+    setWindowTitle(QStringLiteral("TAMBRIX"));
+    build();
+    CenterForm(*this);
+}
+
+void ProcessingDialog::build()
+{
+    auto* lblProcessing = new QLabel(m_transfer.plan().caption);
+    lblProcessing->setObjectName(QStringLiteral("lblProcessing"));
+    m_prgProcessing->setObjectName(QStringLiteral("prgProcessing"));
+    if (m_transfer.plan().progressMaximum)
+        m_prgProcessing->setMaximum(*m_transfer.plan().progressMaximum);
+    m_prgProcessing->setValue(0);
+    auto* cmdCancel = new QPushButton(QStringLiteral("Cancel"));
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    connect(cmdCancel, &QPushButton::clicked, this, &ProcessingDialog::reject);
+
+    auto* content = new QVBoxLayout(this);
+    content->addWidget(lblProcessing);
+    content->addWidget(m_prgProcessing);
+    content->addWidget(cmdCancel, 0, Qt::AlignRight);
+    m_prgProcessing->setMinimumWidth(kWidth);
+    content->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void ProcessingDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!event->spontaneous() && !m_loop.running())
+        m_loop.start(work());
+}
+
+Task ProcessingDialog::work()
+{
+    m_cancelled = false;
+    co_await m_loop.pendingEvents();
+    while (!m_cancelled && !m_transfer.ended()) {
+        m_transfer.step();
+        m_prgProcessing->setValue(m_transfer.progress());
+        co_await m_loop.pendingEvents();
+    }
+    if (m_transfer.failed())
+        m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "TAMBRIX",
+                                     "Error Processing Request\r\n\r\nProcess Not Complete"});
+    accept();
+}
+
+bool ProcessingDialog::mayRun() const
+{
+    return !m_state.gLink.isBusy() && QApplication::activeModalWidget() == this;
+}
+
+} // namespace tambrix

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "data/setup_data.h"
+#include "link/rs_comm.h"
+#include "shell/prompts.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QObject>
+#include <QString>
+
+namespace tambrix {
+
+/// Which parts the printed report holds.
+struct ReportSettings
+{
+    bool printLabelData = true;
+    bool printShiftData = true;
+    bool printSetupData = true;
+    bool allLabels = true;
+    int firstLabel = 0; ///< 0 to 99
+    int lastLabel = 99; ///< 0 to 99
+};
+
+/// Today's date, without a time, as date stamp of a data set.
+QDateTime today();
+
+/// Everything that the screens share for the whole run of the program: the one link, the data
+/// sets, the names of the current files. Made once by the application and passed by reference.
+class ProgramState : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `programFolder` is the folder with Support, Help and the set-up files below it.
+    ProgramState(const QDir& programFolder, SerialPort& commPort, Clock& clock, Prompts& person);
+
+    /// Builds the default data set and copies it to the working and the saved one.
+    void InitSetupData();
+
+    /// Makes the port follow `gLink.OnlineMode`: opens or closes it, and tells the main window
+    /// to show the mode that came of it.
+    void ApplyOnlineMode();
+
+    /// Whether `gWorkingData` holds anything that is not in `gSavedData`.
+    bool hasUnsavedChanges() const;
+
+    /// On line, and the link is not broken: what every write to the controller asks first.
+    bool canReachBoard() const { return gLink.OnlineMode && !gLink.CommError; }
+
+    const QDir programFolder;
+    Prompts& prompts;
+    SerialPort& gCommPort;
+    RSComm gLink;
+
+    std::string gProgramVersion; ///< "TAMBRIX_R" and major.minor.revision
+    SetupDataRecord gDefaultData;
+    SetupDataRecord gWorkingData;
+    SetupDataRecord gSavedData;
+    SetupDataRecord gFileBuffer;
+    bool gUntitled = true; ///< the working data has no file name yet
+
+    QString gSystemMessage;       ///< what the main display shows; lines end in CR LF
+    bool gOfflineEditing = false; ///< screens edit the working data while off line
+
+    QString gFileNameCaption; ///< "[" file title "]"
+    QString gFileNamePath;    ///< current set-up file
+    QString gFileNameTitle;   ///< its name without the folder
+    QString gFileExportPath;  ///< last shift-data export
+    QString gProgramFilePath; ///< last controller program file
+    QDateTime gUploadNOW;     ///< date stamp of the data set
+    QString helpFile;
+
+    ReportSettings report;
+
+    int transferRequest = 0;          ///< code of the last bulk transfer
+    bool labelRangeCancelled = false; ///< the label range dialog ended without a range
+
+signals:
+    /// The port has been opened or closed; `online` is the mode to show.
+    void onlineModeApplied(bool online);
+};
+
+} // namespace tambrix

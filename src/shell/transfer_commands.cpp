@@ -1,0 +1,75 @@
+#include "shell/transfer_commands.h"
+
+#include "shell/label_range_dialog.h"
+#include "shell/processing_dialog.h"
+
+namespace tambrix {
+
+using namespace transfer_code;
+
+namespace {
+
+bool answersYes(ProgramState& state, const char* title, const char* text)
+{
+    return state.prompts.showMessage({BoxIcon::Question, BoxButtons::YesNo, title, text}) ==
+           BoxAnswer::Yes;
+}
+
+/// Offers to go on line. False when the user does not want to.
+bool offerOnline(ProgramState& state)
+{
+    if (state.gLink.OnlineMode)
+        return true;
+    if (!answersYes(state, "Program Offline",
+                    "Program is Currently OFFLINE\r\n\r\n"
+                    "Do You Wish to Switch to ONLINE MODE to Continue?"))
+        return false;
+    state.gLink.OnlineMode = true;
+    state.ApplyOnlineMode();
+    return true;
+}
+
+/// Asks for the labels and leaves the range where the reports find it as well.
+void askLabels(ProgramState& state, QWidget& window)
+{
+    LabelRangeDialog dialog(&window);
+    dialog.exec();
+    state.report.firstLabel = dialog.range().first;
+    state.report.lastLabel = dialog.range().last;
+    state.labelRangeCancelled = dialog.range().cancelled;
+}
+
+} // namespace
+
+void uploadData(ProgramState& state, QWidget& window, int group)
+{
+    if (!answersYes(state, "Data Upload",
+                    "You are about to Upload Data from the PLC\r\n\r\nDo You Wish to Continue?"))
+        return;
+    state.gUploadNOW = today();
+    transferData(state, window, group);
+}
+
+void downloadData(ProgramState& state, QWidget& window, int group)
+{
+    if (answersYes(state, "Data Download",
+                   "You are about to Download Data to the PLC\r\n\r\nDo You Wish to Continue?"))
+        transferData(state, window, kDownload + group);
+}
+
+void transferData(ProgramState& state, QWidget& window, int requestCode)
+{
+    if (!offerOnline(state))
+        return;
+    state.transferRequest = requestCode;
+    state.labelRangeCancelled = false;
+    if (requestCode == kLabelData || requestCode == kDownload + kLabelData)
+        askLabels(state, window);
+    if (state.labelRangeCancelled)
+        return;
+    const LabelRange labels{state.report.firstLabel, state.report.lastLabel, false};
+    ProcessingDialog dialog(state, transferPlan(requestCode, labels), &window);
+    dialog.exec();
+}
+
+} // namespace tambrix

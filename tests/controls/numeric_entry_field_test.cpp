@@ -1,0 +1,299 @@
+#include "controls/numeric_entry_field.h"
+
+#include "controls/typed_number.h"
+#include "tests/support/scripted_prompts.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+namespace tambrix {
+namespace {
+
+using Stored = std::vector<std::string>;
+
+TEST(EntryText, IsReadAsANumber)
+{
+    struct Case
+    {
+        const char* text;
+        double leading;
+        std::int32_t rounded; // halves to even
+        std::optional<double> whole;
+    };
+    const Case cases[] = {
+        {"300", 300, 300, 300.0},
+        {"  300 ", 300, 300, 300.0},
+        {"149.5", 149.5, 150, 149.5},
+        {"150.5", 150.5, 150, 150.5},
+        {"-.5", -0.5, 0, -0.5},
+        {"+5.", 5, 5, 5.0},
+        {"9999999999", 9999999999, 2147483647, 9999999999},
+        {"12abc", 12, 12, {}},
+        {"", 0, 0, {}},
+        {"1,200", 1, 1, {}},
+        {"1e2", 1, 1, {}},
+        {"nan", 0, 0, {}},
+        {"12\n", 12, 12, {}},
+        {"\xD9\xA3", 0, 0, {}},
+    };
+    for (const Case& c : cases) {
+        const QString text = QString::fromUtf8(c.text);
+        EXPECT_DOUBLE_EQ(leadingNumber(text), c.leading) << c.text;
+        EXPECT_EQ(roundedHalfToEven(leadingNumber(text)), c.rounded) << c.text;
+        EXPECT_EQ(numericText(text), c.whole) << c.text;
+    }
+}
+
+/// Two fields, a button and the focus sink in a window with a menu bar.
+class Fields : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        window.menuBar()->addMenu("&File");
+        auto* body = new QWidget;
+        auto* layout = new QVBoxLayout(body);
+        for (QWidget* widget : std::initializer_list<QWidget*>{sink, first, second, button})
+            layout->addWidget(widget);
+        window.setCentralWidget(body);
+        first->setText("200");
+        second->setText("20");
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        sink->setFocus();
+    }
+
+    EntryRules rules(std::int32_t minimum, std::int32_t maximum)
+    {
+        EntryRules rules;
+        rules.title = "Set-up";
+        rules.minimum = minimum;
+        rules.maximum = maximum;
+        rules.store = [this](const QString& text, std::int32_t value) {
+            stored.push_back(text.toStdString() + "=" + std::to_string(value));
+        };
+        rules.step = [this](const QString& text, std::int32_t) {
+            stored.push_back("step " + text.toStdString());
+        };
+        return rules;
+    }
+
+    void type(NumericEntryField* field, const QString& text)
+    {
+        field->setFocus();
+        QTest::keyClicks(field, text);
+    }
+
+    void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    QString selected() const { return first->findChild<QLineEdit*>()->selectedText(); }
+    static void settle() { QCoreApplication::processEvents(); }
+
+    /// One box, the old text, selected, and the focus back on the first field.
+    void expectRefused()
+    {
+        settle();
+        ASSERT_EQ(person.boxes.size(), 1U);
+        EXPECT_EQ(person.boxes[0].icon, BoxIcon::Information);
+        EXPECT_EQ(person.boxes[0].buttons, BoxButtons::Ok);
+        EXPECT_EQ(person.boxes[0].title, "Set-up");
+        EXPECT_EQ(person.boxes[0].text, "Only a Number Between 140 and 650 can be Entered");
+        EXPECT_TRUE(first->hasFocus());
+        EXPECT_TRUE(first->beingEdited());
+        EXPECT_EQ(selected(), "200");
+        EXPECT_TRUE(stored.empty());
+        person.boxes.clear();
+    }
+
+    ScriptedPrompts person;
+    QMainWindow window;
+    QPushButton* sink = new QPushButton("-");
+    Stored stored; ///< what both fields have stored or stepped to
+    NumericEntryField* first = new NumericEntryField(person, *sink, rules(140, 650));
+    NumericEntryField* second = new NumericEntryField(person, *sink, rules(10, 30));
+    QPushButton* button = new QPushButton("go");
+};
+
+TEST_F(Fields, AValidEntryMovesOnAndIsStoredTwice)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"140", "140=140"}, {"650", "650=650"}, {"149.5", "149.5=150"}, {" 150 ", " 150 =150"}};
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
+        for (const auto& [typed, kept] : cases) {
+            sink->setFocus();
+            stored.clear();
+            type(first, typed);
+            press(key);
+            settle();
+            EXPECT_EQ(stored, (Stored{kept, kept}));
+            EXPECT_TRUE(second->hasFocus());
+            EXPECT_FALSE(first->beingEdited());
+            EXPECT_TRUE(person.boxes.empty());
+        }
+    }
+}
+
+TEST_F(Fields, AnEntryBeyondTheLimitsIsRefused)
+{
+    for (const char* typed : {"139", "139.9", "650.5", "abc", "200x", "-200"}) {
+        SCOPED_TRACE(typed);
+        type(first, typed);
+        press(Qt::Key_Tab);
+        expectRefused();
+    }
+    type(first, QString(400, u'9'));
+    press(Qt::Key_Return);
+    expectRefused();
+}
+
+TEST_F(Fields, ARefusedEntryShowsOneBoxHoweverTheFocusWasToLeave)
+{
+    int clicks = 0;
+    QObject::connect(button, &QPushButton::clicked, [&] { ++clicks; });
+    const std::vector<std::function<void()>> leaves = {
+        [&] { press(Qt::Key_Backtab); },
+        [&] { QTest::mouseClick(second->findChild<QLineEdit*>(), Qt::LeftButton); },
+        [&] {
+            press(Qt::Key_Tab);
+            press(Qt::Key_Tab);
+        },
+        [&] {
+            QTest::mousePress(button, Qt::LeftButton);
+            settle();
+            QTest::mouseRelease(button, Qt::LeftButton);
+        },
+    };
+    for (std::size_t way = 0; way < leaves.size(); ++way) {
+        SCOPED_TRACE(way);
+        type(first, "7");
+        leaves[way]();
+        expectRefused();
+        settle();
+        EXPECT_TRUE(person.boxes.empty()) << "a second one";
+    }
+    EXPECT_EQ(clicks, 0) << "the click that leaves does not count";
+}
+
+TEST_F(Fields, TwoRefusedFieldsDoNotFightForTheFocus)
+{
+    second->setText("99"); // as read from the controller
+    person.whileShown = [&] { second->setFocus(); };
+    type(first, "7");
+    second->setFocus();
+    settle();
+    EXPECT_EQ(person.boxes.size(), 1U);
+    person.whileShown = {};
+    EXPECT_TRUE(first->hasFocus());
+
+    QTest::keyClicks(first, "300");
+    second->setFocus();
+    first->setFocus();
+    settle();
+    EXPECT_EQ(person.boxes.size(), 2U);
+    EXPECT_EQ(person.boxes[1].text, "Only a Number Between 10 and 30 can be Entered");
+    EXPECT_TRUE(second->hasFocus());
+    EXPECT_EQ(stored, (Stored{"300=300", "300=300"}));
+}
+
+TEST_F(Fields, RefreshesKeepOffUntilTheSecondEscape)
+{
+    type(first, "3");
+    QTest::mouseClick(first->findChild<QLineEdit*>(), Qt::LeftButton);
+    EXPECT_EQ(first->undoValue(), 3) << "a click in the field enters it anew";
+    type(first, "31");
+    first->showValue("444");
+    EXPECT_EQ(first->text(), "31");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(selected(), "3");
+    QTest::keyClicks(first, "32"); // another key disarms the second Escape
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(first->hasFocus());
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(sink->hasFocus());
+    EXPECT_EQ(first->text(), "3");
+    EXPECT_TRUE(stored.empty());
+    EXPECT_TRUE(person.boxes.empty());
+    first->showValue("444");
+    EXPECT_EQ(first->text(), "444");
+    EXPECT_EQ(first->undoValue(), 444);
+}
+
+TEST_F(Fields, StepsByKeyStayWithinTheLimitsAndKeepTheFocus)
+{
+    struct Case
+    {
+        const char* shown;
+        Qt::Key key;
+        const char* stepped;
+    };
+    const Case cases[] = {{"200", Qt::Key_Up, "201"},     {"200", Qt::Key_Down, "199"},
+                          {"200", Qt::Key_PageUp, "210"}, {"145", Qt::Key_PageDown, "140"},
+                          {"650", Qt::Key_Up, "650"},     {"700", Qt::Key_Down, "650"},
+                          {"-", Qt::Key_Down, "140"}};
+    first->setFocus();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.shown);
+        stored.clear();
+        first->setText(c.shown);
+        press(c.key);
+        EXPECT_EQ(first->text(), c.stepped);
+        EXPECT_TRUE(first->hasFocus());
+        EXPECT_EQ(stored.size(), QString(c.shown) == c.stepped ? 0U : 1U);
+    }
+    press(Qt::Key_Tab);
+    EXPECT_EQ(stored, Stored{"step 140"}) << "a step is not a typed entry";
+    first->setFocus();
+    press(Qt::Key_Up);
+    QTest::keyClicks(first, "300");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(stored.back(), "300=300") << "but one may follow it";
+}
+
+TEST_F(Fields, TheWheelTurnsOnlyTheFocusedField)
+{
+    const auto turnWheel = [this] {
+        QWheelEvent turn(QPointF(5, 5), first->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), {},
+                         {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(first, &turn);
+    };
+    turnWheel();
+    EXPECT_EQ(first->text(), "200");
+    first->setFocus();
+    turnWheel();
+    EXPECT_EQ(first->text(), "201");
+    EXPECT_TRUE(first->hasFocus());
+}
+
+TEST_F(Fields, AVisitToTheMenuOrToAnotherWindowIsNoLeave)
+{
+    for (const Qt::FocusReason reason :
+         {Qt::MenuBarFocusReason, Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+        type(first, "7");
+        QFocusEvent out(QEvent::FocusOut, reason);
+        QApplication::sendEvent(first, &out);
+        QFocusEvent in(QEvent::FocusIn, reason);
+        QApplication::sendEvent(first, &in);
+        settle();
+        EXPECT_EQ(first->text(), "7");
+        EXPECT_EQ(first->undoValue(), 200);
+        press(Qt::Key_Escape);
+        press(Qt::Key_Escape);
+    }
+    EXPECT_TRUE(person.boxes.empty());
+
+    type(first, "300");
+    window.menuBar()->setFocus(Qt::MenuBarFocusReason);
+    EXPECT_TRUE(stored.empty());
+    button->setFocus(Qt::MouseFocusReason); // but it may end elsewhere
+    EXPECT_EQ(stored, (Stored{"300=300", "300=300"}));
+}
+
+} // namespace
+} // namespace tambrix

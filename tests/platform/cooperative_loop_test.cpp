@@ -1,0 +1,108 @@
+#include "platform/cooperative_loop.h"
+#include "tests/support/press_rig.h"
+
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Counts how often a frame of a procedure is alive.
+struct Witness
+{
+    explicit Witness(int& alive) : m_alive(alive) { ++m_alive; }
+    ~Witness() { --m_alive; }
+    Witness(const Witness&) = delete;
+    Witness& operator=(const Witness&) = delete;
+
+private:
+    int& m_alive;
+};
+
+struct LoopRig
+{
+    int alive = 0;
+    int turns = 0;
+    bool mayRun = true;
+    CooperativeLoop loop{[this] { return mayRun; }};
+
+    Task inner()
+    {
+        const Witness witness(alive);
+        co_await loop.pendingEvents();
+        ++turns;
+    }
+
+    Task body()
+    {
+        const Witness witness(alive);
+        for (;;)
+            co_await inner();
+    }
+
+    Task stopping()
+    {
+        const Witness witness(alive);
+        co_await loop.pendingEvents();
+        loop.stop();
+        ++turns;
+        co_await loop.pendingEvents();
+        ++turns; // never reached
+    }
+};
+
+} // namespace
+
+TEST(CooperativeLoop, TakesTurnsWithEventsWhenItMayAndEndsWhereItStands)
+{
+    LoopRig rig;
+    rig.mayRun = false;
+    rig.loop.start(rig.body());
+    PressRig::turns(20);
+    EXPECT_EQ(rig.turns, 0);
+    rig.mayRun = true;
+    int events = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++events; });
+    timer.start(0);
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.turns > 20; }));
+    EXPECT_GE(events, 10); // others are served between the turns
+    EXPECT_EQ(rig.alive, 2);
+    rig.loop.stop();
+    EXPECT_EQ(rig.alive, 0);
+    const int turns = rig.turns;
+    PressRig::turns(10);
+    EXPECT_EQ(rig.turns, turns);
+}
+
+TEST(CooperativeLoop, CanBeStoppedFromInsideAndStartedAgain)
+{
+    LoopRig rig;
+    rig.loop.start(rig.stopping());
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.turns == 1; }));
+    PressRig::turns(10);
+    EXPECT_EQ(rig.turns, 1);
+    EXPECT_EQ(rig.alive, 0);
+    EXPECT_FALSE(rig.loop.running());
+    rig.loop.start(rig.inner());
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.turns == 2; }));
+    EXPECT_TRUE(PressRig::eventually([&] { return !rig.loop.running(); }));
+}
+
+TEST(CooperativeLoop, DestroyedInAPauseDestroysItsFrames)
+{
+    int alive = 0;
+    {
+        CooperativeLoop loop([] { return true; });
+        const auto body = [](CooperativeLoop& turns, int& count) -> Task {
+            const Witness witness(count);
+            co_await turns.pause(1h);
+        };
+        loop.start(body(loop, alive));
+        ASSERT_TRUE(PressRig::eventually([&] { return alive == 1; }));
+    }
+    EXPECT_EQ(alive, 0);
+}
