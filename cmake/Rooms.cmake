@@ -28,17 +28,25 @@ if(TAMBRIX_SANITIZE)
   target_link_options(tambrix_warnings INTERFACE -fsanitize=address,undefined)
 endif()
 
-# Precompiled headers of the standard library and of Qt where a target links it.
+# One precompiled header for every target that stands on Qt. It is made with no macros but those
+# that all of them have, else the compiler refuses it.
+if(TAMBRIX_PCH)
+  find_package(Qt6 REQUIRED COMPONENTS Widgets)
+  file(CONFIGURE OUTPUT precompiled.cpp CONTENT "")
+  add_library(tambrix_precompiled STATIC ${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp)
+  target_link_libraries(tambrix_precompiled PUBLIC tambrix_warnings Qt6::Core)
+  target_include_directories(tambrix_precompiled SYSTEM PRIVATE
+    $<TARGET_PROPERTY:Qt6::Widgets,INTERFACE_INCLUDE_DIRECTORIES>
+    $<TARGET_PROPERTY:Qt6::Gui,INTERFACE_INCLUDE_DIRECTORIES>)
+  target_precompile_headers(tambrix_precompiled PRIVATE
+    <algorithm> <array> <chrono> <filesystem> <functional> <memory> <optional> <string> <vector>
+    <QApplication> <QBoxLayout> <QCheckBox> <QDateTime> <QDialog> <QDir> <QFile> <QGridLayout>
+    <QGroupBox> <QLabel> <QLineEdit> <QMainWindow> <QMouseEvent> <QPainter> <QPushButton> <QTimer>)
+endif()
+
 function(tambrix_precompile target)
-  if(NOT TAMBRIX_PCH)
-    return()
-  endif()
-  target_precompile_headers(${target} PRIVATE
-    <algorithm> <array> <chrono> <filesystem> <functional> <memory> <optional> <string> <vector>)
-  if("${ARGN}" MATCHES "Qt6::Widgets|_shell|_controls|_screens|_app")
-    target_precompile_headers(${target} PRIVATE <QtWidgets>)
-  elseif("${ARGN}" MATCHES "Qt6::Core|_data|_platform")
-    target_precompile_headers(${target} PRIVATE <QtCore>)
+  if(TAMBRIX_PCH AND "${ARGN}" MATCHES "Qt6::|_data|_platform|_shell|_controls")
+    target_precompile_headers(${target} REUSE_FROM tambrix_precompiled)
   endif()
 endfunction()
 
