@@ -17,7 +17,7 @@ int digitValue(char c)
     return upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : kNoDigit;
 }
 
-std::int32_t leadingNumber(std::string_view text, int base)
+std::int32_t digitsAtFront(std::string_view text, int base)
 {
     constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
     std::int64_t number = 0;
@@ -34,12 +34,12 @@ std::int32_t leadingNumber(std::string_view text, int base)
 
 std::int32_t leadingDecimal(std::string_view text)
 {
-    return leadingNumber(text, 10);
+    return digitsAtFront(text, 10);
 }
 
 std::int32_t leadingHex(std::string_view text)
 {
-    return leadingNumber(text, 16);
+    return digitsAtFront(text, 16);
 }
 
 char upperCase(char letter)

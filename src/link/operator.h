@@ -9,7 +9,7 @@ enum class BoxButtons { Ok, RetryCancel, YesNo, YesNoCancel };
 enum class BoxAnswer { Ok, Retry, Cancel, Yes, No };
 
 /// One message box: what the operator reads and may answer. The text keeps its CR or CR LF.
-struct MessageBox
+struct OperatorBox
 {
     BoxIcon icon = BoxIcon::Information;
     BoxButtons buttons = BoxButtons::Ok;
@@ -26,7 +26,7 @@ public:
     /// Shows the box modally and returns the answer once it has been given. Closing the box by
     /// its frame counts as Cancel, as No where there is no Cancel, and as Ok where there is
     /// neither.
-    virtual BoxAnswer showMessage(const MessageBox& box) = 0;
+    virtual BoxAnswer showMessage(const OperatorBox& box) = 0;
 };
 
 } // namespace tambrix

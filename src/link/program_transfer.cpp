@@ -235,7 +235,7 @@ bool ProgramTransfer::writeIdentity(const ProgramFiles& files)
 bool ProgramTransfer::writeByte(int address, int value)
 {
     servePendingEvents();
-    return m_registers.WriteTwice(byteRegister(address), std::to_string(value));
+    return m_registers.writeWithRetry(byteRegister(address), std::to_string(value));
 }
 
 /// Waits with the window alive.

@@ -84,7 +84,7 @@ bool RegisterAccess::WriteRegister(std::string_view addr, std::string_view value
            writeBytes(address, splitValue(address.RegLetter, *number));
 }
 
-bool RegisterAccess::WriteTwice(std::string_view addr, std::string_view value)
+bool RegisterAccess::writeWithRetry(std::string_view addr, std::string_view value)
 {
     return WriteRegister(addr, value) || (m_writeVerifyFailed && WriteRegister(addr, value));
 }

@@ -28,7 +28,7 @@ public:
     bool WriteRegister(std::string_view addr, std::string_view value);
 
     /// The same, and the whole value once more when a byte did not come back as sent.
-    bool WriteTwice(std::string_view addr, std::string_view value);
+    bool writeWithRetry(std::string_view addr, std::string_view value);
 
     /// A byte sent during the last write did not come back as sent: the board may hold anything.
     bool writeVerifyFailed() const { return m_writeVerifyFailed; }

@@ -111,7 +111,7 @@ std::string RSComm::RSRead(std::string_view addr)
 void RSComm::RSWrite(std::string_view addr, std::string_view DataValue)
 {
     const Call call(*this);
-    m_writeSucceeded = call && m_registers.WriteTwice(addr, DataValue);
+    m_writeSucceeded = call && m_registers.writeWithRetry(addr, DataValue);
 }
 
 std::filesystem::path RSComm::supportFile(const char* name) const

@@ -83,7 +83,7 @@ QStringList nameFilters(const QString& filter)
     return captions;
 }
 
-BoxAnswer QtPrompts::showMessage(const MessageBox& box)
+BoxAnswer QtPrompts::showMessage(const OperatorBox& box)
 {
     QMessageBox dialog(QApplication::activeWindow());
     dialog.setIcon(iconOf(box.icon));

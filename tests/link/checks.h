@@ -6,7 +6,7 @@
 
 namespace tambrix {
 
-inline void expectBox(const MessageBox& box, const MessageBox& expected)
+inline void expectBox(const OperatorBox& box, const OperatorBox& expected)
 {
     EXPECT_EQ(box.icon, expected.icon);
     EXPECT_EQ(box.buttons, expected.buttons);
@@ -15,7 +15,7 @@ inline void expectBox(const MessageBox& box, const MessageBox& expected)
 }
 
 /// This box was shown, and no other.
-inline void expectOnlyBox(const ScriptedOperator& person, const MessageBox& expected)
+inline void expectOnlyBox(const ScriptedOperator& person, const OperatorBox& expected)
 {
     ASSERT_EQ(person.boxes.size(), 1u);
     expectBox(person.boxes.front(), expected);

@@ -163,7 +163,7 @@ TEST(LimitSwitch, ASwitchThatStaysBusyIsTheOperatorsDecision)
     EXPECT_GE(took, 5s); // 3 s, then 2 s more
     EXPECT_LT(took, 5100ms);
     ASSERT_EQ(rig.person.boxes.size(), 2u);
-    for (const MessageBox& box : rig.person.boxes)
+    for (const OperatorBox& box : rig.person.boxes)
         expectBox(box,
                   {BoxIcon::Critical, BoxButtons::RetryCancel, "WARNING - Communication Error!",
                    "Cannot Determine PLS READY Mode Within Target Board."});

@@ -63,15 +63,15 @@ TEST(ProgramFiles, EveryBoardTypeIsTakenOrRefusedAsItsKindIs)
     {
         std::string types;
         bool valid, configured;
-        MessageBox box;
+        OperatorBox box;
     };
-    const MessageBox limitSwitch = {BoxIcon::Information, BoxButtons::Ok, "PLS Program Download",
-                                    "press.v2 file is a PLS target board program.\r\n"
-                                    "Open PLS program to download to target board.\r\n\r\n"
-                                    "Program Downloaded Halted."};
-    const MessageBox incompatible = {BoxIcon::Critical, BoxButtons::Ok, "Program Download",
-                                     "press.v2 file is incompatible with target board.\r\n\r\n"
-                                     "Program Downloaded Halted!"};
+    const OperatorBox limitSwitch = {BoxIcon::Information, BoxButtons::Ok, "PLS Program Download",
+                                     "press.v2 file is a PLS target board program.\r\n"
+                                     "Open PLS program to download to target board.\r\n\r\n"
+                                     "Program Downloaded Halted."};
+    const OperatorBox incompatible = {BoxIcon::Critical, BoxButtons::Ok, "Program Download",
+                                      "press.v2 file is incompatible with target board.\r\n\r\n"
+                                      "Program Downloaded Halted!"};
     const Case cases[] = {
         {"23456BD", true, false, {}},
         {"8:;<=A", true, true, {}},

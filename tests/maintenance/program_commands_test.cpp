@@ -98,7 +98,7 @@ TEST(DownloadProgram, EveryRefusalEndsIt)
         rig.person.answers = refusal.answers;
         rig.commands.downloadProgram();
         std::string titles;
-        for (const MessageBox& box : rig.person.boxes)
+        for (const OperatorBox& box : rig.person.boxes)
             titles += box.title + ";";
         EXPECT_EQ(titles, refusal.titles);
         EXPECT_EQ(rig.board.program().recordsTaken, 0u);

@@ -199,7 +199,7 @@ TEST(TargetBoardWindow, ResetClearsTheFourRegistersAndReadsAfresh)
         EXPECT_EQ(rig.board.peek(8176), 0x45);
         EXPECT_TRUE(reset.isEnabled());
     }
-    const MessageBox& box = rig.person.boxes.front();
+    const OperatorBox& box = rig.person.boxes.front();
     EXPECT_EQ(box.icon, BoxIcon::Critical);
     EXPECT_EQ(box.buttons, BoxButtons::YesNoCancel);
     EXPECT_EQ(box.title, "WARNING - Fault Code Reset!");

@@ -62,7 +62,7 @@ struct FileCommandsTest : testing::Test
     std::vector<std::string> texts() const
     {
         std::vector<std::string> all;
-        for (const MessageBox& box : person.boxes)
+        for (const OperatorBox& box : person.boxes)
             all.push_back(box.title + ": " + box.text);
         return all;
     }

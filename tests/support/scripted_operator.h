@@ -13,7 +13,7 @@ namespace tambrix {
 template <typename Face> class Scripted : public Face
 {
 public:
-    BoxAnswer showMessage(const MessageBox& box) override
+    BoxAnswer showMessage(const OperatorBox& box) override
     {
         boxes.push_back(box);
         if (whileShown)
@@ -25,7 +25,7 @@ public:
         return answer;
     }
 
-    std::vector<MessageBox> boxes;
+    std::vector<OperatorBox> boxes;
     std::deque<BoxAnswer> answers;
     std::function<void()> whileShown; ///< what happens while a box is open
 
