@@ -1,8 +1,8 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
+#include "bench/figures.h"
 #include "bench/link_under_test.h"
-#include "bench/report.h"
 #include "simulator/sample_program.h"
 
 #include <QCoreApplication>
@@ -13,10 +13,11 @@ namespace tambrix::bench {
 
 namespace {
 
-constexpr std::size_t kImageSize = 32768;
+constexpr std::size_t kKibibyte = 1024;
+constexpr int kImageKibibytes = 32;
 constexpr std::size_t kRecord = 16;
 constexpr std::size_t kRecordBytes = kRecord + 3; // length and address before the data
-constexpr std::size_t kRecords = kImageSize / kRecord;
+constexpr std::size_t kRecordsPerKibibyte = kKibibyte / kRecord;
 constexpr double kBitsPerByte = 10;
 
 /// Says yes to the download, and keeps how it ended.
@@ -39,7 +40,7 @@ public:
         : m_folder(baud), m_serial(m_clock, device), m_port(m_serial, m_clock)
     {
         SampleProgram program;
-        program.size = kImageSize;
+        program.size = m_kibibytes * kKibibyte;
         program.perRecord = kRecord;
         m_link.OpenRSComm(m_port);
         m_link.DownloadFile(writeSampleProgram(program, m_folder.path(), "bench"));
@@ -58,10 +59,13 @@ public:
     /// From the first byte of the first record to the attention after the last acknowledgement.
     double secondsOfRecords() const
     {
-        const std::size_t end = m_firstRecord + kRecords * kRecordBytes;
+        const std::size_t end = m_firstRecord + records() * kRecordBytes;
         return std::chrono::duration<double>(m_port.times[end] - m_port.times[m_firstRecord])
             .count();
     }
+
+    std::size_t kibibytes() const { return m_kibibytes; }
+    std::size_t records() const { return m_kibibytes * kRecordsPerKibibyte; }
 
     double longestGap = 0; // ms
 
@@ -73,6 +77,7 @@ private:
         QCoreApplication::processEvents();
     }
 
+    std::size_t m_kibibytes = static_cast<std::size_t>(rounds(kImageKibibytes));
     BenchFolder m_folder;
     SteadyClock m_clock;
     QtSerialPort m_serial;
@@ -88,8 +93,10 @@ void downloadAt(int baud)
     const BoardProcess board({QStringLiteral("--baud"), speed});
     Download download(board.device(), baud);
     download.run();
-    const double wire = static_cast<double>(kRecords * (kRecordBytes + 1)) * kBitsPerByte / baud;
-    const std::string what = "download of 32 KiB at " + speed.toStdString();
+    const double wire =
+        static_cast<double>(download.records() * (kRecordBytes + 1)) * kBitsPerByte / baud;
+    const std::string what =
+        "download of " + std::to_string(download.kibibytes()) + " KiB at " + speed.toStdString();
     reportAtLeast(what + ", wire efficiency", wire / download.secondsOfRecords(), 0.95);
     reportAtMost(what + ", longest unserved event", download.longestGap, 50, "ms");
 }

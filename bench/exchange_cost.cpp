@@ -1,6 +1,6 @@
 #include "bench/benchmarks.h"
+#include "bench/figures.h"
 #include "bench/link_under_test.h"
-#include "bench/report.h"
 #include "simulator/pty/pseudo_terminal.h"
 #include "simulator/simulated_board.h"
 
@@ -74,7 +74,7 @@ void exchangeCost()
     std::vector<double> plain;
     std::vector<double> linked;
     std::vector<double> ratios;
-    for (int i = 0; i < kRounds; ++i) {
+    for (int i = 0; i < rounds(kRounds); ++i) {
         const Exchanges round = link.record(readCounters);
         linked.push_back(microseconds(round));
         plain.push_back(microseconds(plainExchanges(device.value(), round.bytes)));

@@ -1,6 +1,6 @@
 #include "bench/benchmarks.h"
+#include "bench/figures.h"
 #include "bench/link_under_test.h"
-#include "bench/report.h"
 #include "reports/reports.h"
 
 #include <QApplication>
@@ -53,15 +53,15 @@ int reportProcess(int argc, char* argv[])
     const QDir files(QString::fromStdString(folder.path().string()));
     SteadyClock clock;
     QtSerialPort port(clock, {});
-    AbsentOperator person;
-    ProgramState state(files, port, clock, person);
+    AbsentOperator nobody;
+    ProgramState state(files, port, clock, nobody);
     state.InitSetupData();
     Reports reports(state);
 
     const Report texts = reportContent(state, QDateTime::currentDateTime());
     std::vector<double> bare, whole;
     const double before = peakMemory();
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < rounds(kRounds); ++round) {
         bare.push_back(milliseconds([&] { writeBare(texts, files.filePath("bare.pdf")); }));
         whole.push_back(milliseconds([&] { reports.writePdf(files.filePath("report.pdf")); }));
     }

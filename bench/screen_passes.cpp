@@ -1,7 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
-#include "bench/report.h"
+#include "bench/figures.h"
 #include "bench/window_under_test.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
@@ -64,7 +64,7 @@ private:
             m_gap.start();
             QElapsedTimer timer;
             timer.start();
-            co_await m_loop.pause(kMeasuring);
+            co_await m_loop.pause(span(kMeasuring));
             const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
             tell(kPasses.at(static_cast<std::size_t>(i)), seconds, m_gap.stop());
         }

@@ -1,7 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
-#include "bench/report.h"
+#include "bench/figures.h"
 #include "bench/window_under_test.h"
 #include "screens/main_display.h"
 
@@ -88,7 +88,7 @@ private:
         const double wallStart = monotonicNow();
         const double start = processorSeconds();
         m_test.port.bytes.clear();
-        co_await m_loop.pause(kMeasuring);
+        co_await m_loop.pause(span(kMeasuring));
         const double wall = monotonicNow() - wallStart;
         reportAtMost(what, (processorSeconds() - start) / wall * 100, aim, "%");
         if (m_test.state.gLink.OnlineMode)
@@ -98,7 +98,7 @@ private:
     Task longestGap()
     {
         m_gap.start();
-        co_await m_loop.pause(kMeasuring);
+        co_await m_loop.pause(span(kMeasuring));
         report("longest unserved event-loop time on line", m_gap.stop(), "ms");
     }
 

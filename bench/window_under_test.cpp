@@ -6,7 +6,7 @@ WindowUnderTest::WindowUnderTest(const QString& device, int baud, ScreenTable sc
     : folder(baud),
       serial(clock, device),
       port(serial, clock),
-      state(QDir(QString::fromStdString(folder.path().string())), port, clock, person),
+      state(QDir(QString::fromStdString(folder.path().string())), port, clock, nobody),
       window(state, std::move(screens), {})
 {
     window.show();

@@ -22,7 +22,7 @@ struct WindowUnderTest
     SteadyClock clock;
     QtSerialPort serial;
     RecordingPort port;
-    AbsentOperator person;
+    AbsentOperator nobody;
     ProgramState state;
     MainWindow window;
 };

@@ -1,7 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
+#include "bench/figures.h"
 #include "bench/link_under_test.h"
-#include "bench/report.h"
 #include "simulator/pty/pseudo_terminal.h"
 
 #include <algorithm>
@@ -70,7 +70,7 @@ void efficiencyAt(int baud, double aim)
     link.record(mixedReads); // from now on every round starts in read mode
     Rounds linked(baud);
     Rounds plain(baud);
-    for (int i = 0; i < kRounds; ++i) {
+    for (int i = 0; i < rounds(kRounds); ++i) {
         const Exchanges round = link.record(mixedReads);
         linked.add(round);
         plain.add(plainExchanges(device.value(), round.bytes));

@@ -12,6 +12,7 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/texts/Help DESTINATION ${TAMBRIX_FOLDER})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/texts/Support DESTINATION ${TAMBRIX_FOLDER} OPTIONAL)
 
 if(WIN32)
+  install(FILES ${CMAKE_SOURCE_DIR}/LICENSE DESTINATION ${TAMBRIX_FOLDER} RENAME LICENSE.txt)
   if(Qt6_VERSION VERSION_LESS 6.5)
     qt_generate_deploy_app_script(TARGET tambrix FILENAME_VARIABLE deploy_script)
   else()
@@ -22,23 +23,27 @@ if(WIN32)
   include(InstallRequiredSystemLibraries) # MSVC's runtime: press PCs often lack it
   set(CPACK_GENERATOR ZIP)
 else()
-  set(resources ${CMAKE_CURRENT_SOURCE_DIR}/resources)
+  set(icons ${CMAKE_SOURCE_DIR}/src/app/resources)
   install(CODE "
     file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
     file(CREATE_LINK ../${TAMBRIX_FOLDER}/tambrix
          \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/tambrix\" SYMBOLIC)")
-  install(FILES ${resources}/tambrix.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES ${CMAKE_SOURCE_DIR}/packaging/tambrix.desktop
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES ${CMAKE_SOURCE_DIR}/packaging/debian/copyright
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tambrix)
   foreach(size 16 24 32 48 64 128 256)
-    install(FILES ${resources}/tambrix-${size}.png RENAME tambrix.png
+    install(FILES ${icons}/tambrix-${size}.png RENAME tambrix.png
             DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
   endforeach()
-  install(FILES ${resources}/tambrix.svg
+  install(FILES ${icons}/tambrix.svg
           DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
   set(CPACK_GENERATOR DEB)
   set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 endif()
 
 set(CPACK_PACKAGE_NAME tambrix)
+set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGE_VENDOR "TAMBRIX")
 set(CPACK_PACKAGE_CONTACT "TAMBRIX maintainers <tambrix@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
@@ -48,6 +53,6 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
-  ${CMAKE_CURRENT_SOURCE_DIR}/resources/postinst ${CMAKE_CURRENT_SOURCE_DIR}/resources/postrm)
+  ${CMAKE_SOURCE_DIR}/packaging/debian/postinst ${CMAKE_SOURCE_DIR}/packaging/debian/postrm)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)

@@ -3,19 +3,12 @@
 
 #include "link/hex_records.h"
 #include "link/program_files.h"
-
-#include <cstdlib>
-#include <string_view>
+#include "tests/fuzz/fuzzing.h"
 
 using namespace tambrix;
+using namespace tambrix::fuzzing;
 
 namespace {
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 void readImage(std::string_view text)
 {
@@ -40,8 +33,7 @@ void readLines(std::string_view line)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
-    readImage(text);
-    readLines(text);
+    readImage(textOf(data, size));
+    readLines(textOf(data, size));
     return 0;
 }

@@ -1,9 +1,10 @@
-#include "bench/report.h"
+#include "bench/figures.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace tambrix::bench {
 
@@ -15,6 +16,11 @@ void line(const std::string& what, double value, const std::string& unit, const 
     std::fflush(stdout);
 }
 
+bool isShort()
+{
+    return std::getenv("TAMBRIX_BENCH_SHORT") != nullptr;
+}
+
 std::string aimText(const char* bound, double aim, bool met)
 {
     char text[64];
@@ -23,6 +29,16 @@ std::string aimText(const char* bound, double aim, bool met)
 }
 
 } // namespace
+
+int rounds(int full)
+{
+    return isShort() ? 1 : full;
+}
+
+std::chrono::milliseconds span(std::chrono::milliseconds full)
+{
+    return isShort() ? full / 10 : full;
+}
 
 double median(std::vector<double> values)
 {

@@ -1,9 +1,15 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
 namespace tambrix::bench {
+
+/// `full` rounds; one when TAMBRIX_BENCH_SHORT is set, to see only that the benchmarks work.
+int rounds(int full);
+/// The same for a time: then a tenth of `full`.
+std::chrono::milliseconds span(std::chrono::milliseconds full);
 
 /// Middle value of a list that is not empty.
 double median(std::vector<double> values);
