@@ -1,12 +1,8 @@
 #include "data/color_density.h"
 
+#include "data/parameters.h"
+
 namespace tambrix {
-
-namespace {
-
-constexpr double kShortestOffTime = 60; // tenths of a can
-
-} // namespace
 
 QString colorDensity(int on, int cycle, int maximumOn)
 {
@@ -14,7 +10,8 @@ QString colorDensity(int on, int cycle, int maximumOn)
         return QStringLiteral("0.0%");
     if (maximumOn == 0)
         return QStringLiteral("-");
-    const double density = (kShortestOffTime / maximumOn + 1) * on / cycle * 100;
+    const double shortestOffTime = reg::kCycleDuration.minimum;
+    const double density = (shortestOffTime / maximumOn + 1) * on / cycle * 100;
     return QString::number(density, 'f', 1) + u'%';
 }
 

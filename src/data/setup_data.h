@@ -1,23 +1,12 @@
 #pragma once
 
+#include "data/parameters.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace tambrix {
-
-/// Highest index of a set-up data record: 1614 entries, 0 to 1613.
-inline constexpr std::int16_t gDataUpperBound = 1613;
-
-inline constexpr int kDuctors = 8;
-inline constexpr int kLabels = 100; ///< numbered 0 to 99
-
-/// Where a record's entries lie. A label has 16: eight ON durations, then eight CYCLE durations.
-inline constexpr int kShiftCountSlot = 0; ///< 0 to 7: cycling counts of ductors 1 to 8
-inline constexpr int kSetupSlot = 8;      ///< 8 to 12: the five set-up parameters
-inline constexpr int kCurrentLabelSlot = 13;
-inline constexpr int kLabelSlot = 14;
-inline constexpr int kEntriesPerLabel = 16;
 
 /// A complete data set of the controller.
 struct SetupDataRecord
@@ -28,12 +17,6 @@ struct SetupDataRecord
 
     bool operator==(const SetupDataRecord&) const = default;
 };
-
-/// First entry of label `label` (0 to 99).
-constexpr int labelBase(int label)
-{
-    return kLabelSlot + kEntriesPerLabel * label;
-}
 
 /// A value as the controller and the reports have it: decimal, with one blank in front where a
 /// negative number has its minus sign.

@@ -4,7 +4,7 @@ namespace tambrix {
 
 namespace {
 
-constexpr int kSetupEntries = 5;
+constexpr int kSetupEntries = static_cast<int>(reg::kSetupParameters.size());
 
 int entriesOf(const LabelRange& labels)
 {

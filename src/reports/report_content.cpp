@@ -13,7 +13,6 @@ namespace {
 
 constexpr double kQuantityShare = 3.0;
 constexpr double kLabelShare = 1.2;
-const QString kTenthsOfACan = QStringLiteral("0.1 cans");
 
 std::int32_t valueOf(const ProgramState& state, int slot)
 {
@@ -37,36 +36,40 @@ QString enabledDuctors(std::int32_t bits)
     return ductors.size() == kDuctors ? QStringLiteral("all") : ductors.join(QLatin1String(", "));
 }
 
+ReportBlock parameterRow(const Parameter& parameter, const QString& value)
+{
+    return {{{QLatin1String(parameter.name), value, QLatin1String(parameter.unit)}}};
+}
+
 ReportTable setupTable(const ProgramState& state)
 {
-    const auto row = [&](const char* name, const QString& value, const QString& unit) {
-        return ReportBlock{{{QLatin1String(name), value, unit}}};
+    const auto row = [&](const Parameter& parameter) {
+        return parameterRow(parameter, numberOf(state, parameter.slot));
     };
-    const auto slot = [&](int index) { return numberOf(state, kSetupSlot + index); };
-    return {QStringLiteral("Set-up Parameters"),
-            {{QStringLiteral("Parameter"), 3, Qt::AlignLeft},
-             {QStringLiteral("Value"), 1.5},
-             {QStringLiteral("Unit"), 2, Qt::AlignLeft}},
-            {row("Maximum Cycle Duration", slot(0), kTenthsOfACan),
-             row("Maximum ON Duration", slot(1), kTenthsOfACan),
-             row("Response Time Compensation", slot(2), QStringLiteral("msec")),
-             row("Color Gain", slot(3), QStringLiteral("% (100% per 2000 CPM)")),
-             row("Feedback Enable", enabledDuctors(valueOf(state, kSetupSlot + 4)),
-                 QStringLiteral("ductors")),
-             row("Label Number", numberOf(state, kCurrentLabelSlot), {})}};
+    return {
+        QStringLiteral("Set-up Parameters"),
+        {{QStringLiteral("Parameter"), 3, Qt::AlignLeft},
+         {QStringLiteral("Value"), 1.5},
+         {QStringLiteral("Unit"), 2, Qt::AlignLeft}},
+        {row(reg::kMaximumCycle), row(reg::kMaximumOn), row(reg::kResponseTime),
+         ReportBlock{{{QLatin1String(reg::kColorGain.name), numberOf(state, reg::kColorGain.slot),
+                       QStringLiteral("% (100% per 2000 CPM)")}}},
+         parameterRow(reg::kFeedbackEnable,
+                      enabledDuctors(valueOf(state, reg::kFeedbackEnable.slot))),
+         row(reg::kLabelNumber)}};
 }
 
 ReportTable shiftTable(const ProgramState& state)
 {
     ReportTable table{QStringLiteral("Shift Data Counts"),
                       {{QStringLiteral("Ductor"), 3, Qt::AlignLeft},
-                       {QStringLiteral("Cycling Count"), 1.5},
+                       {QLatin1String(reg::kShiftCount.name), 1.5},
                        {QStringLiteral("Unit"), 2, Qt::AlignLeft}},
                       {}};
     for (int d = 0; d < kDuctors; ++d)
         table.blocks.push_back({{{QStringLiteral("Ductor No. %1").arg(d + 1),
                                   QLocale().toString(valueOf(state, kShiftCountSlot + d)),
-                                  QStringLiteral("cycles")}}});
+                                  QLatin1String(reg::kShiftCount.unit)}}});
     return table;
 }
 
@@ -83,7 +86,7 @@ std::vector<ReportColumn> labelColumns()
 /// Three rows of a label: ON, CYCLE and the density that they give.
 ReportBlock labelBlock(const ProgramState& state, int label)
 {
-    const int maximumOn = valueOf(state, kSetupSlot + 1);
+    const int maximumOn = valueOf(state, reg::kMaximumOn.slot);
     QStringList on = {QString::number(label), QStringLiteral("ON (0.1 cans)")};
     QStringList cycle = {{}, QStringLiteral("CYCLE (0.1 cans)")};
     QStringList density = {{}, QStringLiteral("Color Density")};

@@ -1,6 +1,7 @@
 #include "shell/main_window.h"
 
 #include "data/link_text.h"
+#include "data/parameters.h"
 #include "shell/file_drop.h"
 #include "shell/status_panels.h"
 
@@ -18,8 +19,6 @@ constexpr int kPollInterval = 500; // ms
 constexpr int kTitlePoints = 13;
 constexpr QSize kFirstSize(1280, 690); // the frame included it fits 1366 x 768
 const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
-constexpr const char* kAlarmRegister = "B65";
-constexpr const char* kPasscodeRegister = "W1298";
 
 QLabel* makeScreenTitle()
 {
@@ -156,7 +155,7 @@ SystemMessage MainWindow::pollMessage()
     RSComm& link = m_state.gLink;
     if (!link.OnlineMode)
         return offlineMessage(link.CommError);
-    return onlineMessage(link.CommError ? 0 : std::stoi(link.RSRead(kAlarmRegister)));
+    return onlineMessage(link.CommError ? 0 : std::stoi(link.RSRead(reg::kAlarms.address)));
 }
 
 void MainWindow::editPasscode()
@@ -164,14 +163,14 @@ void MainWindow::editPasscode()
     RSComm& link = m_state.gLink;
     QString passcode;
     if (!link.CommError)
-        passcode = fromLink(link.RSRead(kPasscodeRegister));
+        passcode = fromLink(link.RSRead(reg::kPasscode.address));
     const QString answer =
         m_state.prompts
             .askText(QStringLiteral("Color Control Passcode"),
                      QStringLiteral("Please Enter New Passcode (0-65535)"), passcode)
             .value_or(QString());
     if (!answer.isEmpty() && !link.CommError)
-        link.RSWrite(kPasscodeRegister, answer.toStdString());
+        link.RSWrite(reg::kPasscode.address, answer.toStdString());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
