@@ -9,15 +9,17 @@
 namespace tambrix {
 
 BitBoxes::BitBoxes(const char* name, const QString& mark, const QString& purpose,
-                   std::function<void()> clicked)
-    : m_clicked(std::move(clicked))
+                   std::function<bool()> changed)
+    : m_changed(std::move(changed))
 {
     for (int d = 0; d < kDuctors; ++d) {
         const QString number = QString::number(d + 1);
         auto* box = new QCheckBox(mark + number);
         box->setObjectName(arrayName(name, d));
         box->setAccessibleName(purpose + u' ' + number);
-        QObject::connect(box, &QCheckBox::clicked, box, m_clicked);
+        // Not clicked(): a screen reader's action toggles without a click.
+        QObject::connect(box, &QCheckBox::toggled, box,
+                         [this, d](bool ticked) { boxToggled(d, ticked); });
         m_boxes[static_cast<std::size_t>(d)] = box;
     }
 }
@@ -30,20 +32,26 @@ int BitBoxes::bits() const
     return bits;
 }
 
-void BitBoxes::show(int bits)
+void BitBoxes::boxToggled(int index, bool ticked)
 {
-    for (std::size_t d = 0; d < m_boxes.size(); ++d)
-        m_boxes[d]->setChecked((bits & (1 << d)) != 0);
+    if (m_showing || m_changed())
+        return;
+    const int bit = 1 << index;
+    show(ticked ? bits() & ~bit : bits() | bit);
 }
 
-void BitBoxes::clickAll(bool ticked)
+void BitBoxes::show(int bits)
 {
-    for (QCheckBox* box : m_boxes) {
-        if (box->isChecked() == ticked)
-            continue;
+    m_showing = true;
+    for (std::size_t d = 0; d < m_boxes.size(); ++d)
+        m_boxes[d]->setChecked((bits & (1 << d)) != 0);
+    m_showing = false;
+}
+
+void BitBoxes::changeAll(bool ticked)
+{
+    for (QCheckBox* box : m_boxes)
         box->setChecked(ticked);
-        m_clicked();
-    }
 }
 
 void BitBoxes::setEnabled(bool enabled)

@@ -16,10 +16,13 @@ namespace tambrix {
 class BitBoxes
 {
 public:
-    /// Boxes named `name`(0) to `name`(7), captioned `mark` and 1 to 8. `clicked` runs for every
-    /// box that the user changes, not for what show() changes.
+    /// Boxes named `name`(0) to `name`(7), captioned `mark` and 1 to 8. `changed` runs for every
+    /// box that the user changes, by whatever means, not for what show() changes. Where it says
+    /// no, the box goes back.
     BitBoxes(const char* name, const QString& mark, const QString& purpose,
-             std::function<void()> clicked);
+             std::function<bool()> changed);
+    BitBoxes(const BitBoxes&) = delete;
+    BitBoxes& operator=(const BitBoxes&) = delete;
 
     const std::array<QCheckBox*, kDuctors>& boxes() const { return m_boxes; }
 
@@ -29,8 +32,8 @@ public:
     /// Ticks exactly the boxes of the bits set.
     void show(int bits);
 
-    /// Ticks or clears every box in order; each one that changes counts as clicked.
-    void clickAll(bool ticked);
+    /// Ticks or clears every box in order, as if the user had changed each one that changes.
+    void changeAll(bool ticked);
 
     void setEnabled(bool enabled);
 
@@ -38,8 +41,11 @@ public:
     void layOut(QGroupBox& frame, QPushButton& all, QPushButton& none) const;
 
 private:
+    void boxToggled(int index, bool ticked);
+
     std::array<QCheckBox*, kDuctors> m_boxes{};
-    std::function<void()> m_clicked;
+    std::function<bool()> m_changed;
+    bool m_showing = false; ///< the boxes change because they are shown so
 };
 
 } // namespace tambrix

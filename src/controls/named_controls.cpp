@@ -11,6 +11,15 @@ QString arrayName(const char* name, int index)
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
 }
 
+QString spokenText(const QString& caption)
+{
+    QString spoken = caption;
+    spoken.remove(u'&');
+    if (spoken.endsWith(u':'))
+        spoken.chop(1);
+    return spoken;
+}
+
 QGroupBox* makeFrame(const QString& name, const QString& caption)
 {
     auto* group = new QGroupBox(caption);
@@ -30,6 +39,7 @@ QPushButton* makeButton(const QString& name, const QString& caption)
 {
     auto* button = new QPushButton(caption);
     button->setObjectName(name);
+    button->setAccessibleName(spokenText(caption));
     button->setAutoDefault(false);
     return button;
 }

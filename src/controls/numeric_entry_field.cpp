@@ -1,7 +1,8 @@
 #include "controls/numeric_entry_field.h"
 
 #include "controls/forms.h"
-#include "controls/typed_number.h"
+#include "controls/named_controls.h"
+#include "data/typed_number.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -13,14 +14,11 @@
 #include <QStyleOptionSpinBox>
 #include <QTimer>
 
-#include <algorithm>
-
 namespace tambrix {
 
 namespace {
 
 const QString kWidestEntry = QStringLiteral("0000000"); // room for what is typed wrongly, too
-constexpr int kPageStep = 10;
 
 /// Whether focus that goes or comes for this reason is only on a visit elsewhere.
 bool isVisit(Qt::FocusReason reason)
@@ -29,10 +27,9 @@ bool isVisit(Qt::FocusReason reason)
            reason == Qt::ActiveWindowFocusReason;
 }
 
-std::int32_t bounded(std::int64_t value, std::int32_t low, std::int32_t high)
+bool isOutside(double value, const EntryRange& range)
 {
-    return static_cast<std::int32_t>(
-        std::max<std::int64_t>(std::min<std::int64_t>(value, high), low));
+    return value < range.minimum || value > range.maximum;
 }
 
 } // namespace
@@ -44,7 +41,10 @@ NumericEntryField::NumericEntryField(Operator& prompts, QWidget& focusSink, Entr
     setAlignment(Qt::AlignRight);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     lineEdit()->installEventFilter(this);
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_beingEdited = true; });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+        if (m_state != State::Refused)
+            m_state = State::Edited;
+    });
     connect(lineEdit(), &QLineEdit::textChanged, this, [this] { update(); });
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* now) { focusMoved(now); });
@@ -61,11 +61,7 @@ QLabel* NumericEntryField::makeCaption(const QString& name, const QString& capti
     auto* label = new QLabel(caption);
     label->setObjectName(name);
     label->setBuddy(this);
-    QString spoken = caption;
-    spoken.remove(u'&');
-    if (spoken.endsWith(u':'))
-        spoken.chop(1);
-    setAccessibleName(spoken);
+    setAccessibleName(spokenText(caption));
     return label;
 }
 
@@ -79,17 +75,17 @@ std::int32_t NumericEntryField::value() const
     return roundedHalfToEven(leadingNumber(text()));
 }
 
-void NumericEntryField::setRange(std::int32_t minimum, std::int32_t maximum)
+void NumericEntryField::setRange(const EntryRange& range)
 {
-    m_rules.minimum = minimum;
-    m_rules.maximum = maximum;
+    m_rules.minimum = range.minimum;
+    m_rules.maximum = range.maximum;
     update();
 }
 
 void NumericEntryField::showValue(const QString& text)
 {
     const bool nothingYet = this->text().isEmpty() && !lineEdit()->isModified();
-    if (m_beingEdited && !nothingYet)
+    if (beingEdited() && !nothingYet)
         return;
     write(text);
     m_undo = value();
@@ -98,13 +94,15 @@ void NumericEntryField::showValue(const QString& text)
 void NumericEntryField::setText(const QString& text)
 {
     write(text);
-    if (!m_beingEdited)
+    if (!beingEdited())
         m_undo = value();
 }
 
 /// A text that is the same stays untouched, so that no refresh moves the cursor.
 void NumericEntryField::write(const QString& text)
 {
+    if (isWholeNumber(text))
+        m_lastValid = roundedHalfToEven(leadingNumber(text));
     if (lineEdit()->text() == text)
         return;
     lineEdit()->setText(text);
@@ -114,16 +112,16 @@ void NumericEntryField::write(const QString& text)
 
 void NumericEntryField::endEditing()
 {
-    m_beingEdited = false;
-    m_escapeArmed = false;
-    m_refused = false;
+    if (beingEdited() && lineEdit()->isModified())
+        write(QString::number(m_undo));
+    m_state = State::Shown;
 }
 
 bool NumericEntryField::finishEditing()
 {
-    if (m_beingEdited && !m_refused)
+    if (m_state != State::Refused)
         leave();
-    return !m_refused;
+    return m_state != State::Refused;
 }
 
 // --- Coming and going ---
@@ -133,8 +131,7 @@ void NumericEntryField::enter()
     if (m_rules.entering)
         m_rules.entering();
     m_here = true;
-    m_beingEdited = true;
-    m_escapeArmed = false;
+    m_state = State::Edited;
     m_undo = value();
     SelectAllText(*lineEdit());
 }
@@ -142,7 +139,7 @@ void NumericEntryField::enter()
 void NumericEntryField::focusInEvent(QFocusEvent* event)
 {
     QAbstractSpinBox::focusInEvent(event);
-    const bool back = m_refused || (m_here && isVisit(event->reason()));
+    const bool back = m_state == State::Refused || (m_here && isVisit(event->reason()));
     if (back)
         m_here = true;
     else
@@ -175,11 +172,9 @@ void NumericEntryField::focusMoved(const QWidget* now)
 /// The check runs twice, as the controller's users know it: a valid entry is written twice.
 void NumericEntryField::leave()
 {
-    if (m_refused) {
-        takeFocus();
-        return;
-    }
-    if (!m_beingEdited)
+    if (m_state == State::Refused)
+        return takeFocus();
+    if (m_state == State::Shown)
         return;
     if (!check())
         refuse();
@@ -192,12 +187,17 @@ bool NumericEntryField::eventFilter(QObject* watched, QEvent* event)
 {
     const bool click = event->type() == QEvent::MouseButtonRelease &&
                        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
-    if (click && hasFocus() && !m_refused)
+    if (click && hasFocus() && m_state != State::Refused)
         enter();
     return QAbstractSpinBox::eventFilter(watched, event);
 }
 
 // --- Checking ---
+
+EntryRange NumericEntryField::limitsNow() const
+{
+    return m_rules.limits ? m_rules.limits() : EntryRange{m_rules.minimum, m_rules.maximum};
+}
 
 bool NumericEntryField::valid() const
 {
@@ -208,15 +208,15 @@ bool NumericEntryField::valid() const
 
 bool NumericEntryField::check()
 {
-    if (m_rules.checking)
-        m_rules.checking();
+    setRange(limitsNow());
     if (!valid())
         return false;
     const std::int32_t entered = value();
     if (m_rules.store)
         m_rules.store(text(), entered);
     m_undo = entered;
-    m_beingEdited = false;
+    m_lastValid = entered;
+    m_state = State::Shown;
     return true;
 }
 
@@ -230,8 +230,7 @@ void NumericEntryField::commit()
 /// the event that moved the focus is over.
 void NumericEntryField::refuse()
 {
-    m_refused = true;
-    m_beingEdited = true;
+    m_state = State::Refused;
     write(QString::number(m_undo));
     takeFocus();
     QTimer::singleShot(0, this, [this] { showRefusal(); });
@@ -239,7 +238,7 @@ void NumericEntryField::refuse()
 
 void NumericEntryField::showRefusal()
 {
-    if (!m_refused)
+    if (m_state != State::Refused)
         return;
     for (QAbstractButton* pressed : window()->findChildren<QAbstractButton*>())
         pressed->setDown(false); // the click that would leave the field does not count
@@ -249,20 +248,24 @@ void NumericEntryField::showRefusal()
     const QPointer<NumericEntryField> self(this);
     m_prompts.showMessage(
         {BoxIcon::Information, BoxButtons::Ok, m_rules.title.toStdString(), text.toStdString()});
-    if (self == nullptr || !m_refused)
+    if (self == nullptr || m_state != State::Refused)
         return;
     takeFocus();
-    m_refused = false;
+    if (m_state == State::Refused)
+        m_state = State::Edited;
+}
+
+bool NumericEntryField::anotherRefused() const
+{
+    const auto* other = qobject_cast<NumericEntryField*>(QApplication::focusWidget());
+    return other != nullptr && other != this && other->m_state == State::Refused;
 }
 
 /// Of two refused fields the later one has the focus; they do not fight for it.
 void NumericEntryField::takeFocus()
 {
-    const auto* other = qobject_cast<NumericEntryField*>(QApplication::focusWidget());
-    if (other != nullptr && other != this && other->m_refused) {
-        endEditing();
-        return;
-    }
+    if (anotherRefused())
+        return endEditing();
     if (isEnabled())
         setFocus(Qt::OtherFocusReason);
     SelectAllText(*lineEdit());
@@ -280,22 +283,22 @@ void NumericEntryField::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Escape:
         return escapePressed();
     case Qt::Key_Up:
-        return stepKeepingFocus(1);
     case Qt::Key_Down:
-        return stepKeepingFocus(-1);
-    case Qt::Key_PageUp:
-        return stepKeepingFocus(kPageStep);
+        return arrowPressed(*event);
+    case Qt::Key_PageUp: // the base class would step by 10
     case Qt::Key_PageDown:
-        return stepKeepingFocus(-kPageStep);
+        return event->ignore();
     default:
-        m_escapeArmed = false;
+        if (m_state == State::EscapeArmed)
+            m_state = State::Edited;
         QAbstractSpinBox::keyPressEvent(event);
     }
 }
 
 void NumericEntryField::enterPressed()
 {
-    m_escapeArmed = false;
+    if (m_state == State::EscapeArmed)
+        m_state = State::Edited;
     if (m_rules.enterKey)
         m_rules.enterKey();
     else
@@ -307,70 +310,94 @@ void NumericEntryField::escapePressed()
     if (m_rules.escapeKey)
         m_rules.escapeKey();
     write(QString::number(m_undo));
-    m_escapeArmed = !m_escapeArmed;
-    if (m_escapeArmed) {
+    if (m_state == State::Edited) {
+        m_state = State::EscapeArmed;
         SelectAllText(*lineEdit());
         return;
     }
-    endEditing();
+    m_state = State::Shown;
     m_focusSink.setFocus();
+}
+
+/// A held key repeats faster than a slow line takes its steps. What has piled up meanwhile would
+/// go on stepping after the key is let go, so repetitions that came during a step are dropped: a
+/// timer of 0 ms ends once the window system's queue has been served.
+void NumericEntryField::arrowPressed(const QKeyEvent& event)
+{
+    if (event.isAutoRepeat() && m_untilServed.isActive())
+        return;
+    if (step(event.key() == Qt::Key_Up ? 1 : -1, false))
+        m_untilServed.start(0, this);
 }
 
 // --- The spinner ---
 
+/// The value that a step starts from; none if it lies outside its limits.
+std::optional<std::int32_t> NumericEntryField::stepFrom() const
+{
+    const double from = isWholeNumber(text()) ? leadingNumber(text()) : m_lastValid;
+    if (isOutside(from, limitsNow()))
+        return std::nullopt;
+    return static_cast<std::int32_t>(from);
+}
+
+/// Both arrows of a value outside its limits answer, with the range message.
 NumericEntryField::StepEnabled NumericEntryField::stepEnabled() const
 {
+    const auto from = stepFrom();
+    const EntryRange limits = limitsNow();
     StepEnabled steps = StepNone;
-    if (value() < m_rules.maximum)
-        steps |= StepUpEnabled;
-    if (value() > m_rules.minimum)
-        steps |= StepDownEnabled;
+    steps.setFlag(StepUpEnabled, !from || *from < limits.maximum);
+    steps.setFlag(StepDownEnabled, !from || *from > limits.minimum);
     return steps;
 }
 
-/// The focus goes to the sink as if the arrow beside the field had been clicked, unless a key or
-/// the wheel made the step: those need the focus for the next one.
 void NumericEntryField::stepBy(int steps)
 {
-    const std::int32_t stepped =
-        bounded(std::int64_t{value()} + steps, m_rules.minimum, m_rules.maximum);
-    const QString text = QString::number(stepped);
-    if (text == this->text())
-        return;
-    endEditing();
-    write(text);
-    if (!m_steppingHere) {
+    step(steps > 0 ? 1 : -1, true);
+}
+
+/// A key needs the focus for its next step; an arrow that was clicked gives it to the sink.
+/// kept: by 1 and never more, and not into the limits from outside. A step writes at once, and
+/// its user expects the next value, not a jump of the press. True if the value has changed.
+bool NumericEntryField::step(int direction, bool giveFocusAway)
+{
+    if (m_state == State::Refused || anotherRefused() || (m_rules.mayStep && !m_rules.mayStep()))
+        return false;
+    setRange(limitsNow());
+    const auto from = stepFrom();
+    if (!from) {
+        refuse();
+        return false;
+    }
+    const std::int32_t stepped = *from + direction;
+    if (isOutside(stepped, {minimum(), maximum()}))
+        return false;
+    m_state = State::Shown;
+    write(QString::number(stepped));
+    if (giveFocusAway) {
         m_arrowHeld = true;
         m_focusSink.setFocus();
         m_arrowHeld = false;
     }
     if (m_rules.step)
-        m_rules.step(text, stepped);
-    if (!m_beingEdited)
+        m_rules.step(text(), stepped);
+    if (!beingEdited())
         m_undo = stepped;
+    return true;
 }
 
-void NumericEntryField::stepKeepingFocus(int steps)
-{
-    m_steppingHere = true;
-    stepBy(steps);
-    m_steppingHere = false;
-}
-
+/// kept: not even with the focus. The wheel turns too easily for a value that is written at once.
 void NumericEntryField::wheelEvent(QWheelEvent* event)
 {
-    if (!hasFocus()) { // scrolling past a field must not change the press
-        event->ignore();
-        return;
-    }
-    m_steppingHere = true;
-    QAbstractSpinBox::wheelEvent(event);
-    m_steppingHere = false;
+    event->ignore();
 }
 
 /// The held arrow's repetition. A window that opens meanwhile swallows the release of the mouse.
 void NumericEntryField::timerEvent(QTimerEvent* event)
 {
+    if (event->timerId() == m_untilServed.timerId())
+        return m_untilServed.stop();
     const QWidget* modal = QApplication::activeModalWidget();
     const bool held = (QApplication::mouseButtons() & Qt::LeftButton) != 0 &&
                       (modal == nullptr || modal == window());

@@ -3,13 +3,24 @@
 #include "link/operator.h"
 
 #include <QAbstractSpinBox>
+#include <QBasicTimer>
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 class QLabel;
 
 namespace tambrix {
+
+/// What an entry may be, both ends included.
+struct EntryRange
+{
+    std::int32_t minimum = 0;
+    std::int32_t maximum = 0;
+
+    bool operator==(const EntryRange&) const = default;
+};
 
 /// What one entry field is for. A handler left empty does nothing.
 struct EntryRules
@@ -25,17 +36,19 @@ struct EntryRules
     /// What a step of the spinner does. The text already shows the new value.
     std::function<void(const QString& text, std::int32_t value)> step;
 
-    std::function<void()> entering;   ///< before the field is entered; may reload the text
-    std::function<void()> checking;   ///< before an entry is checked; may move the limits
-    std::function<bool()> checkAgain; ///< whether the second check takes place; always if empty
-    std::function<void()> enterKey;   ///< instead of the move to the next control
-    std::function<void()> escapeKey;  ///< besides the undo
+    std::function<void()> entering;     ///< before the field is entered; may reload the text
+    std::function<EntryRange()> limits; ///< the limits of this moment; asked before they count
+    std::function<bool()> checkAgain;   ///< whether the second check takes place; always if empty
+    std::function<bool()> mayStep;      ///< whether a step counts; always if empty
+    std::function<void()> enterKey;     ///< instead of the move to the next control
+    std::function<void()> escapeKey;    ///< besides the undo
 };
 
-/// A number that belongs to the controller: typed, or stepped by the arrows. While a person is
-/// editing it, refreshes leave it alone; Enter moves on as Tab does; Escape undoes, twice it also
-/// ends the editing. Leaving checks the entry against the limits. A refused one is undone, keeps
-/// the focus and shows one box. Going to a menu or to another window is not leaving.
+/// A number that belongs to the controller: typed, or stepped by 1 with the arrows. While the user
+/// is editing it, refreshes leave it alone; Enter moves on as Tab does; Escape undoes, twice it
+/// also ends the editing. Leaving checks the entry against the limits. A refused one is undone,
+/// keeps the focus and shows one box. Going to a menu or to another window is not leaving. The
+/// wheel and the page keys change nothing: a value of the press is not changed in passing.
 class NumericEntryField : public QAbstractSpinBox
 {
     Q_OBJECT
@@ -56,18 +69,21 @@ public:
     std::int32_t value() const;
     /// What Escape brings back: the value when the field was entered, or last shown.
     std::int32_t undoValue() const { return m_undo; }
+    /// The last whole number shown or stored, whatever has been typed since.
+    std::int32_t lastValid() const { return m_lastValid; }
 
     std::int32_t minimum() const { return m_rules.minimum; }
     std::int32_t maximum() const { return m_rules.maximum; }
-    void setRange(std::int32_t minimum, std::int32_t maximum);
+    void setRange(const EntryRange& range);
 
-    /// A refresh: shows `text` unless a person is editing the field.
+    /// A refresh: shows `text` unless the user is editing the field.
     void showValue(const QString& text);
     /// Shows `text` whatever is going on.
     void setText(const QString& text);
 
-    bool beingEdited() const { return m_beingEdited; }
-    /// Forgets the edit: nothing is checked or stored, and the next refresh shows its value.
+    bool beingEdited() const { return m_state != State::Shown; }
+    /// Drops the edit: what was typed is undone, nothing is checked or stored, and the next
+    /// refresh shows its value.
     void endEditing();
     /// Checks and stores what has been typed, as leaving does. False when it was refused.
     bool finishEditing();
@@ -76,6 +92,7 @@ public:
     /// Moves on to the next control, as the Tab key does.
     void moveOn() { focusNextChild(); }
 
+    /// The arrows beside the field: one step up or down, then the focus goes to the sink.
     void stepBy(int steps) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -93,26 +110,36 @@ private:
     void enter();
     void leave();
     void focusMoved(const QWidget* now);
+    EntryRange limitsNow() const;
     bool check();
     bool valid() const;
     void refuse();
     void showRefusal();
     void takeFocus();
+    bool anotherRefused() const;
     void enterPressed();
     void escapePressed();
-    void stepKeepingFocus(int steps);
+    void arrowPressed(const QKeyEvent& event);
+    std::optional<std::int32_t> stepFrom() const;
+    bool step(int direction, bool giveFocusAway);
     void write(const QString& text);
+
+    enum class State {
+        Shown,       ///< refreshes show their values
+        Edited,      ///< entered or typed into: refreshes keep off
+        EscapeArmed, ///< edited, and the next Escape ends it
+        Refused      ///< an entry was refused and its box has not been closed yet
+    };
 
     Operator& m_prompts;
     QWidget& m_focusSink;
     EntryRules m_rules;
+    State m_state = State::Shown;
     std::int32_t m_undo = 0;
-    bool m_here = false;         ///< entered and not left: a glance at a menu is no leave
-    bool m_beingEdited = false;  ///< refreshes keep off
-    bool m_escapeArmed = false;  ///< the next Escape ends the editing
-    bool m_refused = false;      ///< an entry was refused and its box has not been closed yet
-    bool m_steppingHere = false; ///< a step by key or wheel: the focus stays
-    bool m_arrowHeld = false;    ///< a step by mouse: goes on repeating without the focus
+    std::int32_t m_lastValid = 0;
+    bool m_here = false;       ///< entered and not left: a visit to a menu is no leave
+    bool m_arrowHeld = false;  ///< a step by mouse: goes on repeating without the focus
+    QBasicTimer m_untilServed; ///< runs until all input that came during a step has been served
 };
 
 } // namespace tambrix

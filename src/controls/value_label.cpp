@@ -3,7 +3,6 @@
 #include "controls/fonts.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace tambrix {
@@ -15,10 +14,25 @@ const QString kWidestValue = QStringLiteral("00000");
 
 } // namespace
 
-QLabel* makeValueLabel(const QString& name, const QString& text, const QString& accessibleName)
+ValueLabel::ValueLabel(const QString& name, const QString& what, const QString& value)
+    : m_what(spokenText(what))
 {
-    QLabel* label = makeLabel(name, text);
-    label->setAccessibleName(accessibleName);
+    setObjectName(name);
+    setTextFormat(Qt::PlainText);
+    setValue(value);
+}
+
+void ValueLabel::setValue(const QString& value)
+{
+    if (value == text() && !accessibleName().isEmpty())
+        return;
+    setText(value);
+    setAccessibleName(m_what + QStringLiteral(": ") + value);
+}
+
+ValueLabel* makeValueLabel(const QString& name, const QString& value, const QString& what)
+{
+    auto* label = new ValueLabel(name, what, value);
     setPoints(*label, kScreenPoints);
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(kWidestValue) + 20);
     label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

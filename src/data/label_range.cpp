@@ -1,5 +1,7 @@
 #include "data/label_range.h"
 
+#include "data/typed_number.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -8,21 +10,21 @@ namespace tambrix {
 
 namespace {
 
-constexpr double kLastLabel = kLabels - 1;
+constexpr std::int32_t kLastLabel = kLabels - 1;
 
 /// The whole number that an entry stands for, halves to even.
-std::optional<double> wholeNumber(const QString& entry)
+std::optional<std::int32_t> wholeNumber(const QString& entry)
 {
     bool numeric = false;
     const double value = entry.toDouble(&numeric);
     if (!numeric || !std::isfinite(value))
         return std::nullopt;
-    return std::nearbyint(value);
+    return roundedHalfToEven(value);
 }
 
-int labelNumber(double bound)
+int labelNumber(std::int32_t bound)
 {
-    return static_cast<int>(std::clamp(bound, 0.0, kLastLabel));
+    return std::clamp(bound, 0, kLastLabel);
 }
 
 } // namespace
@@ -31,8 +33,8 @@ LabelRange labelsBetween(const QString& from, const QString& to)
 {
     const auto lower = wholeNumber(from);
     const auto upper = wholeNumber(to);
-    const double first = lower.value_or(0);
-    const double last = std::max(upper.value_or(kLastLabel), first);
+    const std::int32_t first = lower.value_or(0);
+    const std::int32_t last = std::max(upper.value_or(kLastLabel), first);
     return {labelNumber(first), labelNumber(last), !lower || !upper};
 }
 

@@ -21,48 +21,49 @@ EntryRules ColorControlScreen::rulesOf(std::size_t index)
         store(index, text, value);
     };
     rules.step = [this, index](const QString&, std::int32_t) { m_fields[index]->commit(); };
-    rules.entering = [this, index] { reload(index); };
-    rules.checking = [this, index] { limit(index); };
-    rules.checkAgain = [this] { return !m_labelLoading; };
+    rules.entering = [this, index] { renew(index); };
+    rules.limits = [this, index] { return limitsOf(index); };
+    rules.checkAgain = [this, index] { return checksAgain(index); };
+    if (index < kDurations) // a step from the former label's value means nothing to the new one
+        rules.mayStep = [this] { return m_load == Load::None; };
     rules.enterKey = [this, index] { enterPressed(index); };
     rules.escapeKey = [this] { m_returnFocusToLabel = false; };
-    if (index == kLabelField) {
-        rules.maximum = kLabels - 1;
-    } else if (index == kStationField) {
-        rules.minimum = 1;
-        rules.maximum = kStations;
-    } else {
-        rules.minimum = index < kDuctors ? 0 : kSmallestCycle;
-        rules.maximum = index < kDuctors ? m_limits.maximumOn : m_limits.maximumCycle;
-    }
     return rules;
 }
 
 /// A field is entered with the value that counts now, not with the one of the last pass.
-void ColorControlScreen::reload(std::size_t index)
+void ColorControlScreen::renew(std::size_t index)
 {
     NumericEntryField& field = *m_fields[index];
     if (index == kStationField)
         return;
     if (!online())
-        field.setText(
-            QString::number(index == kLabelField ? m_label : workingValue(slotOf(index))));
-    else if (index == kLabelField)
-        field.setText(readRegister(kLabelNumberRegister, field.text()));
-    else
-        field.setText(readRegister(workingRegister(index), field.text()));
+        field.setText(index == kLabelField ? QString::number(m_label) : workingDuration(index));
+    else if (const auto value =
+                 readRegister(index == kLabelField ? kLabelNumberRegister : workingRegister(index)))
+        field.setText(*value);
 }
 
 /// The limits of a ductor's two durations move with each other.
-void ColorControlScreen::limit(std::size_t index)
+EntryRange ColorControlScreen::limitsOf(std::size_t index) const
 {
-    if (index >= kDurations)
-        return;
+    if (index == kLabelField)
+        return {0, kLabels - 1};
+    if (index == kStationField)
+        return {1, kStations};
     const std::size_t ductor = index % kDuctors;
-    const EntryRange range = index < kDuctors
-                                 ? onRange(m_fields[ductor + kDuctors]->value(), m_limits)
-                                 : cycleRange(m_fields[ductor]->value(), m_limits);
-    m_fields[index]->setRange(range.minimum, range.maximum);
+    return index < kDuctors ? onRange(m_fields[ductor + kDuctors]->value(), m_limits)
+                            : cycleRange(m_fields[ductor]->value(), m_limits);
+}
+
+/// What the link has refused once shows no second box.
+bool ColorControlScreen::checksAgain(std::size_t index) const
+{
+    if (m_load == Load::Wanted || m_load == Load::Running)
+        return false;
+    return !online() || index == kStationField ||
+           linkTakes(index == kLabelField ? kLabelNumberRegister : workingRegister(index),
+                     m_fields[index]->text());
 }
 
 void ColorControlScreen::store(std::size_t index, const QString& text, std::int32_t value)
@@ -76,28 +77,31 @@ void ColorControlScreen::store(std::size_t index, const QString& text, std::int3
 }
 
 /// A new duration counts at once (working register) and from now on (the label's storage).
+/// kept: a label number that no label has, from a strange file or controller, has no storage; its
+/// durations are not kept in place of another label's.
 void ColorControlScreen::storeDuration(std::size_t index, const QString& text, std::int32_t value)
 {
     if (value == m_fields[index]->undoValue())
         return;
-    workingValue(slotOf(index)) = value;
-    if (!state().canReachBoard())
+    if (labelExists())
+        workingValue(slotOf(index)) = value;
+    if (!state().canReachBoard() || !writeRegister(workingRegister(index), text))
         return;
-    writeRegister(workingRegister(index), text);
     showDensity(index);
-    writeRegister(storageRegister(index), text);
+    if (labelExists())
+        writeRegister(storageRegister(index), text);
 }
 
 void ColorControlScreen::storeLabel(const QString& text, std::int32_t value)
 {
     workingValue(kCurrentLabelSlot) = value;
     if (!state().canReachBoard()) {
-        setLabel(value);
+        m_label = value;
         return;
     }
-    writeRegister(kLabelNumberRegister, text);
-    if (value != m_fields[kLabelField]->undoValue())
-        startLoad();
+    const bool taken = writeRegister(kLabelNumberRegister, text);
+    if (taken && value != m_fields[kLabelField]->undoValue())
+        startLoad(value);
 }
 
 void ColorControlScreen::storeStation(std::int32_t value)
@@ -109,7 +113,8 @@ void ColorControlScreen::storeStation(std::int32_t value)
 void ColorControlScreen::enterPressed(std::size_t index)
 {
     if (index != kLabelField) {
-        m_labelLoading = false;
+        if (m_load == Load::Running)
+            m_load = Load::RunningChecked;
         m_fields[index]->moveOn();
         return;
     }
@@ -118,6 +123,8 @@ void ColorControlScreen::enterPressed(std::size_t index)
         cmdDefault()->setFocus();
     else
         m_fields[index]->moveOn();
+    if (m_load == Load::None) // unchanged or refused: there is no load to return from
+        m_returnFocusToLabel = false;
 }
 
 } // namespace tambrix

@@ -106,7 +106,7 @@ QGroupBox* ColorControlScreen::makeStatusFrame()
     const std::array captions = {"Operational Mode:", "Ductors Auto ON:"};
     for (int row = 0; row < 2; ++row) {
         const QString caption = QLatin1String(captions[static_cast<std::size_t>(row)]);
-        QLabel* value =
+        ValueLabel* value =
             makeValueLabel(arrayName("lblStatus", 2 + row), QStringLiteral("-"), caption);
         m_status[2 + static_cast<std::size_t>(row)] = value;
         addStatusRow(*grid, row, makeLabel(arrayName("lblDescription", 12 + row), caption), value);
@@ -128,7 +128,7 @@ QGroupBox* ColorControlScreen::makeResponseFrame()
                                  "Solenoid \"OFF\" Response Time (msec):"};
     for (int i = 0; i < 2; ++i) {
         const QString caption = QLatin1String(captions[static_cast<std::size_t>(i)]);
-        QLabel* value = makeValueLabel(arrayName("lblStatus", i), QStringLiteral("0"), caption);
+        ValueLabel* value = makeValueLabel(arrayName("lblStatus", i), QStringLiteral("0"), caption);
         m_status[static_cast<std::size_t>(i)] = value;
         addStatusRow(*grid, 1 + i, makeLabel(arrayName("lblDescription", 15 + i), caption), value);
     }
@@ -139,12 +139,11 @@ QGroupBox* ColorControlScreen::makeManualFrame()
 {
     QGroupBox* frame =
         makeFrame(arrayName("fraColorCtrl", 3), QStringLiteral("Ductors Manual Control"));
-    auto* on = new QPushButton(QStringLiteral("Ductors O&N All"));
-    on->setObjectName(QStringLiteral("cmdDuctorsManualON"));
-    connect(on, &QPushButton::clicked, this, [this] { m_manual.clickAll(true); });
-    auto* off = new QPushButton(QStringLiteral("D&uctors O&FF All"));
-    off->setObjectName(QStringLiteral("cmdDuctorsManualOFF"));
-    connect(off, &QPushButton::clicked, this, [this] { m_manual.clickAll(false); });
+    auto* on = makeButton(QStringLiteral("cmdDuctorsManualON"), QStringLiteral("Ductors O&N All"));
+    connect(on, &QPushButton::clicked, this, [this] { changeManual(true); });
+    auto* off =
+        makeButton(QStringLiteral("cmdDuctorsManualOFF"), QStringLiteral("D&uctors O&FF All"));
+    connect(off, &QPushButton::clicked, this, [this] { changeManual(false); });
 
     m_manual.layOut(*frame, *on, *off);
     return frame;

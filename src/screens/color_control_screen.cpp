@@ -2,13 +2,10 @@
 
 #include "controls/value_label.h"
 #include "data/color_density.h"
-#include "data/link_text.h"
 
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-
-#include <algorithm>
 
 namespace tambrix {
 
@@ -25,6 +22,8 @@ constexpr const char* kLabelSelectFlag = "F119";
 constexpr const char* kMaximumCycleRegister = "W690";
 constexpr const char* kMaximumOnRegister = "B692";
 
+constexpr int kStoredReads = 3; // of one duration, before it is given up
+
 constexpr int kAutoInput = 0x01;
 constexpr int kManualInput = 0x02;
 constexpr int kAutoOnInput = 0x04;
@@ -39,12 +38,18 @@ bool isOn(std::size_t index)
 ColorControlScreen::ColorControlScreen(ProgramState& state)
     : Screen(state),
       m_manual("chkDuctorManual", {}, QStringLiteral("Ductors Manual Control"),
-               [this] { writeRegister(kManualRegister, QString::number(m_manual.bits())); }),
-      m_limits{workingValue(kSetupSlot + 1), workingValue(kSetupSlot)}
+               [this] { return writeManual(); })
 {
     buildFields();
-    setLabel(workingValue(kCurrentLabelSlot));
-    m_fields[kLabelField]->setText(QString::number(workingValue(kCurrentLabelSlot)));
+    load();
+}
+
+void ColorControlScreen::load()
+{
+    endLoad();
+    m_limits = workingLimits();
+    m_label = workingValue(kCurrentLabelSlot);
+    m_fields[kLabelField]->setText(QString::number(m_label));
     m_fields[kStationField]->setText(QStringLiteral("1"));
 }
 
@@ -52,24 +57,18 @@ ColorControlScreen::ColorControlScreen(ProgramState& state)
 
 void ColorControlScreen::applyOnlineView()
 {
-    endEditing();
+    endLoad();
     for (QGroupBox* frame : m_frames)
         frame->setEnabled(true);
+    enableDurations(true);
     m_manual.setEnabled(true);
     enableLabelSelect(false); // until the controller allows it
-    writeRegister(kStationRegister, m_fields[kStationField]->text());
-    m_limits.maximumCycle =
-        readRegister(kMaximumCycleRegister, QString::number(m_limits.maximumCycle)).toInt();
-    m_limits.maximumOn =
-        readRegister(kMaximumOnRegister, QString::number(m_limits.maximumOn)).toInt();
     cmdDefault()->setFocus();
 }
 
 void ColorControlScreen::applyOfflineView()
 {
-    endEditing();
     endLoad();
-    m_returnFocusToLabel = false;
     for (QGroupBox* frame : m_frames)
         frame->setEnabled(false);
     m_frames[0]->setEnabled(state().gOfflineEditing);
@@ -78,39 +77,63 @@ void ColorControlScreen::applyOfflineView()
         cmdDefault()->setFocus();
 }
 
+/// kept: the station goes out as the number it is, although an entry of it is sent as a bit. The
+/// controllers in use know both.
+Task ColorControlScreen::enterOnline()
+{
+    const NumericEntryField& station = *m_fields[kStationField];
+    writeRegister(kStationRegister,
+                  station.beingEdited() ? QString::number(station.undoValue()) : station.text());
+    if (const auto cycle = readRegister(kMaximumCycleRegister))
+        m_limits.maximumCycle = cycle->toInt();
+    if (const auto on = readRegister(kMaximumOnRegister))
+        m_limits.maximumOn = on->toInt();
+    co_return;
+}
+
+/// A label field that is taken away must not leave the digits that are typed next to another.
 void ColorControlScreen::enableLabelSelect(bool enabled)
 {
     m_labelSelect = enabled;
-    if (!enabled)
+    if (!enabled) {
         m_fields[kLabelField]->endEditing();
+        if (window()->focusWidget() == m_fields[kLabelField])
+            cmdDefault()->setFocus();
+    }
     m_fields[kLabelField]->setEnabled(enabled);
     m_labelCaption->setEnabled(enabled);
 }
 
-void ColorControlScreen::enableManual(bool enabled)
+void ColorControlScreen::enableDurations(bool enabled)
+{
+    for (std::size_t k = 0; k < kDurations; ++k)
+        m_fields[k]->setEnabled(enabled);
+}
+
+void ColorControlScreen::showManual(bool enabled, int bits)
 {
     m_frames[3]->setEnabled(enabled);
     m_manual.setEnabled(enabled);
-    if (!enabled)
-        m_manual.show(0);
+    m_manual.show(bits);
 }
 
 // --- Passes ---
 
 Task ColorControlScreen::offlinePass()
 {
-    m_limits = {workingValue(kSetupSlot + 1), workingValue(kSetupSlot)};
+    m_limits = workingLimits();
     if (!m_fields[kLabelField]->beingEdited())
-        setLabel(m_fields[kLabelField]->value());
+        m_label = m_fields[kLabelField]->value();
     workingValue(kCurrentLabelSlot) = m_label;
+    enableDurations(labelExists());
     for (std::size_t k = 0; k < kDurations; ++k)
-        showDuration(k, QString::number(workingValue(slotOf(k))));
+        showDuration(k, workingDuration(k));
     co_return;
 }
 
 Task ColorControlScreen::onlinePass()
 {
-    if (m_loadWanted)
+    if (m_load == Load::Wanted)
         co_await loadLabel();
     co_await readLabelSelect();
     co_await readLabelNumber();
@@ -123,24 +146,26 @@ Task ColorControlScreen::onlinePass()
 Task ColorControlScreen::readLabelSelect()
 {
     co_await pendingEvents();
-    if (!passGoesOn() || !state().canReachBoard())
+    if (!passGoesOn())
         co_return;
-    const bool enabled = fromLink(state().gLink.RSRead(kLabelSelectFlag)).toDouble() > 0;
-    if (!state().gLink.CommError && enabled != m_labelSelect)
+    const auto flag = readRegister(kLabelSelectFlag);
+    const bool enabled = flag && flag->toDouble() > 0;
+    if (flag && enabled != m_labelSelect)
         enableLabelSelect(enabled);
 }
 
+/// kept: a read that failed is no label 0; an entry made then would go into another's storage.
 Task ColorControlScreen::readLabelNumber()
 {
     co_await pendingEvents();
-    if (!passGoesOn() || !state().canReachBoard() || m_fields[kLabelField]->beingEdited())
+    if (!passGoesOn() || m_fields[kLabelField]->beingEdited())
         co_return;
-    const QString label = fromLink(state().gLink.RSRead(kLabelNumberRegister));
-    if (state().gLink.CommError)
+    const auto label = readRegister(kLabelNumberRegister);
+    if (!label)
         co_return;
-    m_fields[kLabelField]->showValue(label);
-    setLabel(label.toInt());
-    workingValue(kCurrentLabelSlot) = label.toInt();
+    m_fields[kLabelField]->showValue(*label);
+    m_label = label->toInt();
+    workingValue(kCurrentLabelSlot) = m_label;
 }
 
 void ColorControlScreen::showEntry(std::size_t entry, const QString& value)
@@ -148,33 +173,36 @@ void ColorControlScreen::showEntry(std::size_t entry, const QString& value)
     if (entry < kFirstResponse)
         showDuration(entry, value);
     else if (entry < kInputs)
-        m_status[entry - kFirstResponse]->setText(value);
+        m_status[entry - kFirstResponse]->setValue(value);
     else if (entry == kInputs)
         showInputs(value.toInt());
-    else
-        showManualBits(value.toInt());
+    else // the manual frame changes once, when all that decides about it is known
+        showManual(m_labelSelect && m_manualMode, m_labelSelect ? value.toInt() : 0);
 }
 
 void ColorControlScreen::showInputs(int inputs)
 {
-    const bool manual = (inputs & kManualInput) != 0;
-    m_status[2]->setText((inputs & kAutoInput) != 0 ? QStringLiteral("AUTO")
-                         : manual                   ? QStringLiteral("MAN")
-                                                    : QStringLiteral("OFF"));
-    m_status[3]->setText((inputs & kAutoOnInput) != 0 ? QStringLiteral("ON")
-                                                      : QStringLiteral("OFF"));
-    if (!manual)
-        enableManual(false);
-    else if (m_labelSelect)
-        enableManual(true);
+    m_manualMode = (inputs & kManualInput) != 0;
+    m_status[2]->setValue((inputs & kAutoInput) != 0 ? QStringLiteral("AUTO")
+                          : m_manualMode             ? QStringLiteral("MAN")
+                                                     : QStringLiteral("OFF"));
+    m_status[3]->setValue((inputs & kAutoOnInput) != 0 ? QStringLiteral("ON")
+                                                       : QStringLiteral("OFF"));
 }
 
-void ColorControlScreen::showManualBits(int bits)
+bool ColorControlScreen::writeManual()
 {
-    if (m_labelSelect)
-        m_manual.show(bits);
-    else
-        enableManual(false);
+    // kept: a refused entry stops boxes and buttons as well; its user looks at the box, not here.
+    if (!entriesSettled())
+        return false;
+    writeRegister(kManualRegister, QString::number(m_manual.bits()));
+    return true;
+}
+
+void ColorControlScreen::changeManual(bool on)
+{
+    if (entriesSettled())
+        m_manual.changeAll(on);
 }
 
 void ColorControlScreen::showDuration(std::size_t index, const QString& value)
@@ -189,70 +217,102 @@ void ColorControlScreen::showDuration(std::size_t index, const QString& value)
 void ColorControlScreen::showDensity(std::size_t index)
 {
     const std::size_t ductor = index % kDuctors;
-    m_densities[ductor]->setText(colorDensity(
+    m_densities[ductor]->setValue(colorDensity(
         m_fields[ductor]->value(), m_fields[ductor + kDuctors]->value(), m_limits.maximumOn));
 }
 
 // --- Loading a label ---
 
-void ColorControlScreen::startLoad()
+void ColorControlScreen::startLoad(std::int32_t label)
 {
-    m_loadWanted = true;
-    m_labelLoading = true;
+    m_label = label;
+    m_load = Load::Wanted;
     for (std::size_t k = 0; k < kDurations; ++k)
         m_fields[k]->setText(QStringLiteral("-"));
 }
 
 void ColorControlScreen::endLoad()
 {
-    m_loadWanted = false;
-    m_labelLoading = false;
+    m_load = Load::None;
+    m_returnFocusToLabel = false;
 }
 
 /// Copies the stored durations of the label into the working registers, made sound on the way. A
 /// label number that changes meanwhile makes it begin again.
 Task ColorControlScreen::loadLabel()
 {
+    QStringList missed;
     for (std::size_t k = 0; k < kDurations; ++k) {
         co_await pendingEvents();
-        if (m_loadWanted) {
-            m_loadWanted = false;
-            setLabel(m_fields[kLabelField]->value());
+        if (m_load == Load::None) // another view has ended it
+            co_return;
+        if (m_load == Load::Wanted) {
+            m_load = Load::Running;
+            missed.clear();
             k = 0;
         }
-        if (online())
-            loadDuration(k);
+        const bool loaded = online() && loadDuration(k);
         if (!state().canReachBoard())
-            break;
+            co_return endLoad();
+        if (!loaded)
+            missed += m_fields[k]->accessibleName();
     }
-    endLoad();
-    if (std::exchange(m_returnFocusToLabel, false) && online())
+    if (m_returnFocusToLabel)
         m_fields[kLabelField]->setFocus();
+    endLoad();
+    if (!missed.isEmpty())
+        tellMissed(missed);
 }
 
-void ColorControlScreen::loadDuration(std::size_t index)
+/// False when it could not be read: then nothing is written for it.
+bool ColorControlScreen::loadDuration(std::size_t index)
 {
-    RSComm& link = state().gLink;
-    const std::int32_t stored = fromLink(link.RSRead(storageRegister(index))).toInt();
-    if (link.CommError)
-        return;
+    const auto stored = storedDuration(index);
+    if (!stored)
+        return false;
     const std::int32_t sound =
-        isOn(index) ? soundOn(stored, m_limits)
-                    : soundCycle(stored, m_fields[index - kDuctors]->value(), m_limits);
+        isOn(index) ? soundOn(*stored, m_limits)
+                    : soundCycle(*stored, m_fields[index - kDuctors]->lastValid(), m_limits);
     const QString text = QString::number(sound);
     writeRegister(workingRegister(index), text);
     m_fields[index]->endEditing();
     m_fields[index]->setText(text);
     if (!isOn(index))
         showDensity(index);
+    return true;
+}
+
+/// kept: a read that failed says nothing about the label. 0 and 200 in its place would ink the
+/// next cans wrongly, so it is read again.
+std::optional<std::int32_t> ColorControlScreen::storedDuration(std::size_t index)
+{
+    for (int reads = 0; reads < kStoredReads; ++reads) {
+        if (const auto stored = readRegister(storageRegister(index)))
+            return stored->toInt();
+    }
+    return std::nullopt;
+}
+
+void ColorControlScreen::tellMissed(const QStringList& durations)
+{
+    const QString text = QStringLiteral("Label %1 could not be read completely. Not loaded, and "
+                                        "left as before:\r\n\r\n%2")
+                             .arg(m_label)
+                             .arg(durations.join(QStringLiteral("\r\n")));
+    state().prompts.showMessage(
+        {BoxIcon::Critical, BoxButtons::Ok, "Color Control", text.toStdString()});
 }
 
 // --- Where a duration is kept ---
 
-/// A number that no label has, from a strange file or controller, shows the nearest one's data.
-void ColorControlScreen::setLabel(std::int32_t label)
+DurationLimits ColorControlScreen::workingLimits()
 {
-    m_label = std::clamp(label, 0, kLabels - 1);
+    return {workingValue(kSetupSlot + 1), workingValue(kSetupSlot)};
+}
+
+bool ColorControlScreen::labelExists() const
+{
+    return m_label >= 0 && m_label < kLabels;
 }
 
 int ColorControlScreen::slotOf(std::size_t index) const
@@ -270,13 +330,10 @@ std::string ColorControlScreen::storageRegister(std::size_t index)
     return state().gWorkingData.Address.at(static_cast<std::size_t>(slotOf(index)));
 }
 
-QString ColorControlScreen::readRegister(const std::string& address, const QString& otherwise)
+/// What the working data set holds, "-" for a label that it cannot hold.
+QString ColorControlScreen::workingDuration(std::size_t index)
 {
-    RSComm& link = state().gLink;
-    if (!state().canReachBoard() || link.isBusy())
-        return otherwise;
-    const QString value = fromLink(link.RSRead(address));
-    return link.readSucceeded() ? value : otherwise;
+    return labelExists() ? QString::number(workingValue(slotOf(index))) : QStringLiteral("-");
 }
 
 } // namespace tambrix

@@ -13,6 +13,8 @@ class QLabel;
 
 namespace tambrix {
 
+class ValueLabel;
+
 /// The colour data of one label at a time: ON and CYCLE duration of every ductor. Besides, the
 /// station number, the solenoids' response times, and the ductors switched by hand.
 class ColorControlScreen : public Screen
@@ -25,9 +27,11 @@ public:
 protected:
     void applyOnlineView() override;
     void applyOfflineView() override;
+    void load() override;
+    Task enterOnline() override;
     Task onlinePass() override;
     Task offlinePass() override;
-    bool passGoesOn() const override { return online() && !m_loadWanted; }
+    bool passGoesOn() const override { return online() && m_load == Load::None; }
 
 private:
     static constexpr const char* kLabelNumberRegister = "W686";
@@ -46,8 +50,9 @@ private:
     void setReadingOrder();
 
     EntryRules rulesOf(std::size_t index);
-    void reload(std::size_t index);
-    void limit(std::size_t index);
+    void renew(std::size_t index);
+    EntryRange limitsOf(std::size_t index) const;
+    bool checksAgain(std::size_t index) const;
     void store(std::size_t index, const QString& text, std::int32_t value);
     void storeDuration(std::size_t index, const QString& text, std::int32_t value);
     void storeLabel(const QString& text, std::int32_t value);
@@ -57,35 +62,48 @@ private:
     Task readLabelSelect();
     Task readLabelNumber();
     Task loadLabel();
-    void startLoad();
+    void startLoad(std::int32_t label);
     void endLoad();
-    void loadDuration(std::size_t index);
+    bool loadDuration(std::size_t index);
+    std::optional<std::int32_t> storedDuration(std::size_t index);
+    void tellMissed(const QStringList& durations);
 
-    void setLabel(std::int32_t label);
+    DurationLimits workingLimits();
+    bool labelExists() const;
     int slotOf(std::size_t index) const;
     static const std::string& workingRegister(std::size_t index);
     std::string storageRegister(std::size_t index);
-    QString readRegister(const std::string& address, const QString& otherwise);
+    QString workingDuration(std::size_t index);
     void showEntry(std::size_t entry, const QString& value);
     void showInputs(int inputs);
-    void showManualBits(int bits);
     void showDuration(std::size_t index, const QString& value);
     void showDensity(std::size_t index);
     void enableLabelSelect(bool enabled);
-    void enableManual(bool enabled);
+    void enableDurations(bool enabled);
+    void showManual(bool enabled, int bits);
+    bool writeManual();
+    void changeManual(bool on);
+
+    /// The load of a label's durations into the working registers.
+    enum class Load {
+        None,
+        Wanted,        ///< to begin, from the first duration on
+        Running,       ///< a field that loses the focus is checked only once
+        RunningChecked ///< an entry was made meanwhile: fields are checked as ever
+    };
 
     std::array<NumericEntryField*, kFields> m_fields{};
-    std::array<QLabel*, kDuctors> m_densities{};
-    std::array<QLabel*, 4> m_status{};
+    std::array<ValueLabel*, kDuctors> m_densities{};
+    std::array<ValueLabel*, 4> m_status{};
     QLabel* m_labelCaption = nullptr;
     BitBoxes m_manual;
     std::array<QGroupBox*, 4> m_frames{};
 
     DurationLimits m_limits;
-    std::int32_t m_label = 0;
-    bool m_labelSelect = false;        ///< the controller lets labels be chosen here
-    bool m_loadWanted = false;         ///< a label is to be loaded, from its first duration on
-    bool m_labelLoading = false;       ///< checks on lost focus keep off
+    std::int32_t m_label = 0; ///< as the controller or the file says, which may be no label
+    bool m_manualMode = false;
+    bool m_labelSelect = false; ///< the controller lets labels be chosen here
+    Load m_load = Load::None;
     bool m_returnFocusToLabel = false; ///< once the label has been loaded
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/numeric_entry_field.h"
+
 #include <cstdint>
 
 namespace tambrix {
@@ -11,14 +13,6 @@ struct DurationLimits
 {
     std::int32_t maximumOn = 0;
     std::int32_t maximumCycle = 0;
-};
-
-struct EntryRange
-{
-    std::int32_t minimum = 0;
-    std::int32_t maximum = 0;
-
-    bool operator==(const EntryRange&) const = default;
 };
 
 /// What an ON duration may be beside this CYCLE duration.

@@ -71,13 +71,13 @@ void setColor(QLabel& label, const QColor& color)
     label.setPalette(palette);
 }
 
-void showLamp(QLabel& label, bool on)
+void showLamp(ValueLabel& label, bool on)
 {
-    label.setText(on ? QStringLiteral("ON") : QStringLiteral("off"));
+    label.setValue(on ? QStringLiteral("ON") : QStringLiteral("off"));
     setColor(label, on ? kOnColor : kOffColor);
 }
 
-void showLamps(std::span<QLabel* const> labels, int bits)
+void showLamps(std::span<ValueLabel* const> labels, int bits)
 {
     for (std::size_t b = 0; b < labels.size(); ++b)
         showLamp(*labels[b], (bits & (1 << b)) != 0);
@@ -93,9 +93,9 @@ struct SlotFrame
     std::function<QString(int row)> rowName;
 };
 
-QLabel* makeLamp(const QString& name, const QString& text, const QString& accessibleName)
+ValueLabel* makeLamp(const QString& name, const QString& text, const QString& accessibleName)
 {
-    QLabel* lamp = makeValueLabel(name, text, accessibleName);
+    ValueLabel* lamp = makeValueLabel(name, text, accessibleName);
     QPalette palette = lamp->palette();
     palette.setColor(QPalette::Window, kPlate);
     palette.setColor(QPalette::Disabled, QPalette::WindowText, Qt::darkGray);
@@ -104,14 +104,14 @@ QLabel* makeLamp(const QString& name, const QString& text, const QString& access
     return lamp;
 }
 
-QGroupBox* makeSlot(const SlotFrame& slot, int frameIndex, std::span<QLabel*> states)
+QGroupBox* makeSlot(const SlotFrame& slot, int frameIndex, std::span<ValueLabel*> states)
 {
     QGroupBox* frame = makeFrame(arrayName("fraBMIO", frameIndex), QLatin1String(slot.caption));
     auto* grid = new QGridLayout(frame);
     grid->setColumnStretch(1, 1);
     for (int row = 0; row < static_cast<int>(states.size()); ++row) {
         const QString name = slot.rowName(row);
-        QLabel*& state = states[static_cast<std::size_t>(row)];
+        ValueLabel*& state = states[static_cast<std::size_t>(row)];
         state = makeLamp(arrayName(slot.stateName, row), QStringLiteral("OFF"), name);
         grid->addWidget(makeLabel(arrayName(slot.name, row),
                                   terminal(row, slot.lowRegister, slot.highRegister)),
@@ -182,7 +182,7 @@ void IoStatusScreen::showDashes(bool enabled)
 {
     for (QGroupBox* frame : m_frames)
         frame->setEnabled(enabled);
-    const auto dash = [](std::span<QLabel* const> labels) {
+    const auto dash = [](std::span<ValueLabel* const> labels) {
         for (QLabel* label : labels) {
             label->setText(QStringLiteral("-"));
             setColor(*label, kOnColor);
@@ -199,13 +199,13 @@ Task IoStatusScreen::onlinePass()
         kRegisters, [this](std::size_t entry, const QString& value) { showEntry(entry, value); });
 }
 
-/// IN0 and IN1 show "off" whatever they are; it has always been so, and nobody reads them here.
+/// kept: IN0 and IN1 show "off" whatever they are; it has always been so, and nobody reads them.
 void IoStatusScreen::showEntry(std::size_t entry, const QString& value)
 {
     if (entry <= kLastLamp)
         showLamp(*m_module[entry], false);
     else if (entry < kUnshown)
-        m_module[entry]->setText(value);
+        m_module[entry]->setValue(value);
     else if (entry == kUnshown)
         return;
     else if (entry == kInputByte)

@@ -5,9 +5,10 @@
 #include <array>
 
 class QGroupBox;
-class QLabel;
 
 namespace tambrix {
+
+class ValueLabel;
 
 /// The live inputs and outputs of the controller, and its analog and resolver module. Writes
 /// nothing.
@@ -26,7 +27,7 @@ protected:
 private:
     static constexpr std::size_t kModuleRows = 11;
     static constexpr std::size_t kSlotRows = 16;
-    using SlotLabels = std::array<QLabel*, kSlotRows>;
+    using SlotLabels = std::array<ValueLabel*, kSlotRows>;
 
     QGroupBox* makeModule();
     QGroupBox* makeInputs();
@@ -34,7 +35,7 @@ private:
     void showDashes(bool enabled);
     void showEntry(std::size_t entry, const QString& value);
 
-    std::array<QLabel*, kModuleRows> m_module{};
+    std::array<ValueLabel*, kModuleRows> m_module{};
     SlotLabels m_inputs{};
     SlotLabels m_outputs{};
     std::array<QGroupBox*, 3> m_frames;

@@ -1,14 +1,16 @@
 #include "screens/main_display.h"
 
 #include "controls/fonts.h"
+#include "controls/value_label.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace tambrix {
@@ -19,14 +21,14 @@ const std::array<std::string, 1> kDisplayRegisters = {"W112"}; // machine speed,
 
 constexpr int kSmallestMessagePoints = 10;
 constexpr int kLargestMessagePoints = 30;
-constexpr int kSmallestSpeedPoints = 40;
+constexpr int kSmallestSpeedPoints = 10;
 constexpr int kLargestSpeedPoints = 220;
 constexpr int kFramePoints = 14;
 constexpr int kButtonPoints = 18;
 
-/// The widest speed the register's four digits show; sizes the figure once, so that it does not
-/// jump from one digit to the next.
-const QString kWidestSpeed = QStringLiteral("0000");
+/// The widest usual speed; sizes the figure once, so that it does not jump from one digit to the
+/// next. A speed of five digits gets a size of its own.
+const QString kUsualSpeed = QStringLiteral("0000");
 
 QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* content)
 {
@@ -43,7 +45,8 @@ QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* conte
 MainDisplay::MainDisplay(ProgramState& state)
     : Screen(state),
       m_messages(new QPlainTextEdit),
-      m_speed(new QLabel(QStringLiteral("-"))),
+      m_speed(new ValueLabel(QStringLiteral("lblDisplay"), QStringLiteral("Machine CPM"),
+                             QStringLiteral("-"))),
       m_reset(new QPushButton(QStringLiteral("&Reset Alarms")))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -53,8 +56,6 @@ MainDisplay::MainDisplay(ProgramState& state)
     m_messages->setAccessibleName(QStringLiteral("Messages"));
     m_messages->setReadOnly(true);
     m_messages->setTabChangesFocus(true);
-    m_speed->setObjectName(QStringLiteral("lblDisplay"));
-    m_speed->setAccessibleName(QStringLiteral("Machine CPM"));
     m_speed->setAlignment(Qt::AlignCenter);
     m_speed->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     m_reset->setObjectName(QStringLiteral("cmdAlarmReset"));
@@ -75,6 +76,9 @@ MainDisplay::MainDisplay(ProgramState& state)
     layout->addWidget(messageFrame, 3);
     layout->addLayout(side, 2);
 
+    // Their own sizes count: on a second showing they come later than the screen's.
+    m_speed->installEventFilter(this);
+    m_messages->viewport()->installEventFilter(this);
     connect(m_reset, &QPushButton::clicked, this, &MainDisplay::resetAlarms);
 }
 
@@ -86,7 +90,7 @@ void MainDisplay::applyOnlineView()
 void MainDisplay::applyOfflineView()
 {
     enableControls(false);
-    m_speed->setText(QStringLiteral("-"));
+    showSpeed(QStringLiteral("-"));
 }
 
 void MainDisplay::enableControls(bool enabled)
@@ -110,9 +114,8 @@ void MainDisplay::refreshAlways()
 
 Task MainDisplay::onlinePass()
 {
-    return readRegisters(kDisplayRegisters, [this](std::size_t, const QString& speed) {
-        m_speed->setText(speed.trimmed());
-    });
+    return readRegisters(kDisplayRegisters,
+                         [this](std::size_t, const QString& speed) { showSpeed(speed.trimmed()); });
 }
 
 void MainDisplay::resetAlarms()
@@ -121,11 +124,21 @@ void MainDisplay::resetAlarms()
         state().gLink.RSWrite("F123", "1");
 }
 
-void MainDisplay::resizeEvent(QResizeEvent* event)
+void MainDisplay::showSpeed(const QString& speed)
 {
-    Screen::resizeEvent(event);
-    fitMessageFont();
+    if (speed == m_speed->text())
+        return;
+    m_speed->setValue(speed);
     fitSpeedFont();
+}
+
+bool MainDisplay::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize && watched == m_speed)
+        fitSpeedFont();
+    else if (event->type() == QEvent::Resize)
+        fitMessageFont();
+    return Screen::eventFilter(watched, event);
 }
 
 void MainDisplay::fitMessageFont()
@@ -137,7 +150,10 @@ void MainDisplay::fitMessageFont()
 
 void MainDisplay::fitSpeedFont()
 {
-    setPoints(*m_speed, fittingPointSize(m_speed->font(), kWidestSpeed, m_speed->size(),
+    const QString widest = std::max(kUsualSpeed, m_speed->text(), [](auto& left, auto& right) {
+        return left.size() < right.size();
+    });
+    setPoints(*m_speed, fittingPointSize(m_speed->font(), widest, m_speed->size(),
                                          kSmallestSpeedPoints, kLargestSpeedPoints));
 }
 

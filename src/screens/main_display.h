@@ -3,10 +3,11 @@
 #include "shell/screen.h"
 
 class QGroupBox;
-class QLabel;
 class QPlainTextEdit;
 
 namespace tambrix {
+
+class ValueLabel;
 
 /// The operator's overview: system and alarm messages, machine speed, and the alarm reset.
 class MainDisplay : public Screen
@@ -21,17 +22,18 @@ protected:
     void applyOfflineView() override;
     void refreshAlways() override;
     Task onlinePass() override;
-    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void resetAlarms();
     void enableControls(bool enabled);
+    void showSpeed(const QString& speed);
     void fitMessageFont();
     void fitSpeedFont();
 
     QPlainTextEdit* m_messages;
     QGroupBox* m_speedFrame;
-    QLabel* m_speed;
+    ValueLabel* m_speed;
     QGroupBox* m_resetFrame;
     QPushButton* m_reset;
 };

@@ -31,8 +31,8 @@ constexpr std::array<Parameter, 4> kParameters = {{
     {"Color &Gain % (CG-100% per 2000CPM):", 50, 150},
 }};
 
-/// A typed value has always been kept among the CYCLE durations of label 6, ductors 5 to 8, and
-/// only a spinner step in the parameter's own slot. Data sets in use were made that way.
+/// kept: a typed value has always been kept among the CYCLE durations of label 6, ductors 5 to 8,
+/// and only a spinner step in the parameter's own slot. Data sets in use were made that way.
 constexpr int kTypedSlot = labelBase(6) + kDuctors + 4;
 
 QLabel* makeRangeHint(const Parameter& parameter)
@@ -45,7 +45,7 @@ QLabel* makeRangeHint(const Parameter& parameter)
 SetupScreen::SetupScreen(ProgramState& state)
     : Screen(state),
       m_feedback("chkFeedback", QStringLiteral("&"), QStringLiteral("Feedback Enable, ductor"),
-                 [this] { setFeedback(m_feedback.bits()); }),
+                 [this] { return setFeedback(m_feedback.bits()); }),
       m_parameterFrame(makeParameters()),
       m_feedbackFrame(makeFeedback())
 {
@@ -78,11 +78,11 @@ QGroupBox* SetupScreen::makeParameters()
 QGroupBox* SetupScreen::makeFeedback()
 {
     QGroupBox* frame = makeFrame(arrayName("fraSetup", 1), QStringLiteral("Feedback Enable"));
-    auto* enableAll = new QPushButton(QStringLiteral("&Enable All"));
-    enableAll->setObjectName(QStringLiteral("cmdEnableFeedbackAll"));
+    auto* enableAll =
+        makeButton(QStringLiteral("cmdEnableFeedbackAll"), QStringLiteral("&Enable All"));
     connect(enableAll, &QPushButton::clicked, this, [this] { setFeedback(kAllDuctors); });
-    auto* disableAll = new QPushButton(QStringLiteral("D&isable All"));
-    disableAll->setObjectName(QStringLiteral("cmdDisableFeedbackAll"));
+    auto* disableAll =
+        makeButton(QStringLiteral("cmdDisableFeedbackAll"), QStringLiteral("D&isable All"));
     connect(disableAll, &QPushButton::clicked, this, [this] { setFeedback(0); });
 
     m_feedback.layOut(*frame, *enableAll, *disableAll);
@@ -102,6 +102,9 @@ EntryRules SetupScreen::rulesOf(std::size_t entry)
     rules.store = [keep](const QString& text, std::int32_t value) {
         keep(kTypedSlot, text, value);
     };
+    rules.checkAgain = [this, entry] { // what the link has refused once shows no second box
+        return !online() || linkTakes(kRegisters[entry], m_fields[entry]->text());
+    };
     rules.step = [keep](const QString& text, std::int32_t value) { keep(kSetupSlot, text, value); };
     return rules;
 }
@@ -118,7 +121,6 @@ void SetupScreen::applyOfflineView()
 
 void SetupScreen::enableControls(bool enabled)
 {
-    endEditing();
     m_parameterFrame->setEnabled(enabled);
     m_feedbackFrame->setEnabled(enabled);
 }
@@ -144,11 +146,16 @@ void SetupScreen::showEntry(std::size_t entry, const QString& value)
         m_fields[entry]->showValue(value);
 }
 
-/// The buttons leave the boxes alone; the next pass shows what the controller made of it.
-void SetupScreen::setFeedback(int bits)
+/// The buttons leave the boxes alone; the next pass shows what the controller made of it. False,
+/// and nothing done, when an entry under way is refused.
+bool SetupScreen::setFeedback(int bits)
 {
+    // kept: a refused entry stops buttons and boxes as well; its user looks at the box, not here.
+    if (!entriesSettled())
+        return false;
     workingValue(kSetupSlot + static_cast<int>(kFeedbackEntry)) = bits;
     writeRegister(kRegisters[kFeedbackEntry], QString::number(bits));
+    return true;
 }
 
 } // namespace tambrix

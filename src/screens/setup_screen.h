@@ -33,7 +33,7 @@ private:
     EntryRules rulesOf(std::size_t entry);
     void enableControls(bool enabled);
     void showEntry(std::size_t entry, const QString& value);
-    void setFeedback(int bits);
+    bool setFeedback(int bits);
 
     std::array<NumericEntryField*, kFields> m_fields{};
     BitBoxes m_feedback;

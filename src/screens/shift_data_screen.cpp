@@ -3,8 +3,8 @@
 #include "controls/fonts.h"
 #include "controls/named_controls.h"
 #include "controls/numeric_entry_field.h"
-#include "controls/typed_number.h"
 #include "controls/value_label.h"
+#include "data/typed_number.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -48,7 +48,7 @@ ShiftDataScreen::ShiftDataScreen(ProgramState& state)
     setObjectName(QStringLiteral("frmData"));
     setWindowTitle(QStringLiteral("Shift Data"));
     setPoints(*this, kScreenPoints);
-    for (QLabel* count : m_counts) {
+    for (ValueLabel* count : m_counts) {
         setPoints(*count, kCountPoints);
         count->setMinimumWidth(count->fontMetrics().horizontalAdvance(kWidestCount) + 24);
     }
@@ -78,14 +78,13 @@ QGroupBox* ShiftDataScreen::makeCounts()
 QGroupBox* ShiftDataScreen::makeReset()
 {
     EntryRules rules;
-    rules.title = QStringLiteral("Spindle #1 Trip Offset:"); // known by this name; kept
+    rules.title = QStringLiteral("Spindle #1 Trip Offset:"); // kept: users know it by this name
     rules.maximum = kDuctors;
     rules.lowerBound = false;
     m_ductor = new NumericEntryField(state().prompts, *cmdDefault(), rules);
     m_ductor->setNames(QStringLiteral("txtData"), QStringLiteral("updData"));
     m_ductor->setText(QStringLiteral("0"));
-    m_reset = new QPushButton(QStringLiteral("&Reset Counts"));
-    m_reset->setObjectName(QStringLiteral("cmdResetCounts"));
+    m_reset = makeButton(QStringLiteral("cmdResetCounts"), QStringLiteral("&Reset Counts"));
     connect(m_reset, &QPushButton::clicked, this, &ShiftDataScreen::resetCounts);
 
     QGroupBox* frame = makeFrame(QStringLiteral("fraReset"), QStringLiteral("Reset"));
@@ -102,20 +101,13 @@ QGroupBox* ShiftDataScreen::makeReset()
 
 void ShiftDataScreen::applyOnlineView()
 {
-    enableControls(true);
-}
-
-void ShiftDataScreen::applyOfflineView()
-{
-    enableControls(false);
+    m_resetFrame->setEnabled(true);
 }
 
 /// Off line there is no controller whose counts could be reset; the stored counts stay readable.
-void ShiftDataScreen::enableControls(bool online)
+void ShiftDataScreen::applyOfflineView()
 {
-    if (!online)
-        endEditing();
-    m_resetFrame->setEnabled(online);
+    m_resetFrame->setEnabled(false);
 }
 
 Task ShiftDataScreen::onlinePass()
@@ -134,7 +126,7 @@ Task ShiftDataScreen::offlinePass()
 
 void ShiftDataScreen::showCount(std::size_t ductor, qint64 count)
 {
-    m_counts[ductor]->setText(grouped(count));
+    m_counts[ductor]->setValue(grouped(count));
 }
 
 /// An access key brings us here without the focus having left the number.

@@ -6,11 +6,11 @@
 #include <array>
 
 class QGroupBox;
-class QLabel;
 
 namespace tambrix {
 
 class NumericEntryField;
+class ValueLabel;
 
 /// How often each ductor has cycled in this shift, and the reset of those counts.
 class ShiftDataScreen : public Screen
@@ -29,11 +29,10 @@ protected:
 private:
     QGroupBox* makeCounts();
     QGroupBox* makeReset();
-    void enableControls(bool online);
     void showCount(std::size_t ductor, qint64 count);
     void resetCounts();
 
-    std::array<QLabel*, kDuctors> m_counts{};
+    std::array<ValueLabel*, kDuctors> m_counts{};
     NumericEntryField* m_ductor;
     QPushButton* m_reset;
     QGroupBox* m_countFrame;

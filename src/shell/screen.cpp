@@ -2,128 +2,109 @@
 
 #include "controls/numeric_entry_field.h"
 #include "data/link_text.h"
+#include "link/lenient_number.h"
+#include "link/register_value.h"
 
-#include <QApplication>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace tambrix {
-
-using namespace std::chrono_literals;
-
-namespace {
-
-/// Off line nothing changes but by the user's hand; on line the link paces the passes.
-constexpr auto kOfflinePassInterval = 100ms;
-
-} // namespace
 
 Screen::Screen(ProgramState& state)
     : m_state(state),
       m_cmdDefault(new QPushButton(QStringLiteral("-"), this)),
-      m_loop([this] { return mayRun(); })
+      m_poller(state, *this, *this)
 {
     m_cmdDefault->setObjectName(QStringLiteral("cmdDefault"));
     m_cmdDefault->setAccessibleName(tr("Screen"));
     m_cmdDefault->setFlat(true);
-    m_cmdDefault->setFixedSize(1, 1); // takes the focus, not the eye
+    m_cmdDefault->setFixedSize(1, 1); // it takes the focus and is not to be seen
 }
 
 void Screen::activate()
 {
-    m_view = View::None;
-    if (online())
-        showOnlineView();
-    else
-        showOfflineView();
-    refreshAlways();
+    m_shownEditing = m_state.gOfflineEditing;
+    m_poller.start();
     m_cmdDefault->setFocus();
-    m_loop.start(refreshLoop());
 }
 
 void Screen::deactivate()
 {
-    m_loop.stop();
-    endEditing();
+    m_poller.stop();
+    dropEntries();
 }
 
-void Screen::endEditing()
+void Screen::reload()
+{
+    if (online())
+        return;
+    deactivate();
+    load();
+    activate();
+}
+
+void Screen::dropEntries()
 {
     for (NumericEntryField* field : findChildren<NumericEntryField*>())
         field->endEditing();
 }
 
-void Screen::writeRegister(const std::string& address, const QString& value)
+bool Screen::entriesSettled()
 {
-    if (m_state.canReachBoard())
-        m_state.gLink.RSWrite(address, value.toStdString());
+    return std::ranges::all_of(findChildren<NumericEntryField*>(),
+                               [](NumericEntryField* field) { return field->finishEditing(); });
 }
 
-Task Screen::refreshLoop()
+/// A control that has the focus may be greyed here; what is typed next must not reach another.
+void Screen::showMode(bool online)
 {
-    for (;;) {
-        co_await m_loop.pendingEvents();
-        if (m_state.gLink.CommError)
-            dropOffline();
-        refreshAlways();
-        if (online()) {
-            showOnlineView();
-            co_await onlinePass();
-        } else {
-            showOfflineView();
-            co_await offlinePass();
-            co_await m_loop.pause(kOfflinePassInterval);
-        }
-    }
+    const QWidget* focused = window()->focusWidget();
+    const bool here = focused != nullptr && isAncestorOf(focused);
+    dropEntries();
+    if (online)
+        applyOnlineView();
+    else
+        applyOfflineView();
+    if (here && window()->focusWidget() != focused)
+        m_cmdDefault->setFocus();
 }
 
-void Screen::dropOffline()
+void Screen::everyTurn()
 {
-    m_state.gLink.OnlineMode = false;
-    if (m_view == View::Online)
-        m_view = View::None;
-    m_state.ApplyOnlineMode();
+    if (m_shownEditing != m_state.gOfflineEditing && !online())
+        m_poller.showAgain();
+    m_shownEditing = m_state.gOfflineEditing;
+    refreshAlways();
 }
 
-void Screen::showOnlineView()
+std::optional<QString> Screen::readRegister(const std::string& address)
 {
-    if (m_view == View::Online)
-        return;
-    m_view = View::Online;
-    applyOnlineView();
+    RSComm& link = m_state.gLink;
+    if (!m_state.canReachBoard() || link.isBusy())
+        return std::nullopt;
+    const QString value = fromLink(link.RSRead(address));
+    return link.readSucceeded() ? std::optional(value) : std::nullopt;
 }
 
-void Screen::showOfflineView()
+bool Screen::writeRegister(const std::string& address, const QString& value)
 {
-    const bool editingToggled = m_lastOfflineEditing != m_state.gOfflineEditing;
-    m_lastOfflineEditing = m_state.gOfflineEditing;
-    if (m_view == View::Offline && !editingToggled)
-        return;
-    m_view = View::Offline;
-    applyOfflineView();
+    if (!m_state.canReachBoard())
+        return true;
+    m_state.gLink.RSWrite(address, value.toStdString());
+    return linkTakes(address, value);
 }
 
-Task Screen::offlinePass()
+bool Screen::linkTakes(const std::string& address, const QString& value)
 {
-    co_return;
+    const auto number = entryNumber(value.toStdString());
+    return number && !address.empty() && *number <= highestValue(upperCase(address.front()));
 }
 
-Task Screen::readRegisters(std::span<const std::string> registers, ShowValue show)
+Task Screen::readRegisters(std::span<const std::string> registers, LinkPoller::ShowValue show)
 {
-    for (std::size_t entry = 0; entry < registers.size(); ++entry) {
-        co_await pendingEvents();
-        if (!passGoesOn())
-            co_return;
-        const std::string value = m_state.gLink.RSRead(registers[entry]);
-        if (m_state.gLink.CommError)
-            co_return;
-        show(entry, fromLink(value));
-    }
-}
-
-bool Screen::mayRun() const
-{
-    const QWidget* modal = QApplication::activeModalWidget();
-    return !m_state.gLink.isBusy() && (modal == nullptr || modal == window());
+    return m_poller.readRegisters(
+        registers, [this] { return passGoesOn(); }, std::move(show));
 }
 
 } // namespace tambrix

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/cooperative_loop.h"
+#include "shell/link_poller.h"
 #include "shell/program_state.h"
 
 #include <QWidget>
 
-#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -13,50 +13,57 @@ class QPushButton;
 
 namespace tambrix {
 
-/// A child screen of the main window. Here is the one refresh loop that all of them run: let
-/// events run, notice a communication error or a change of mode, apply the on-line or off-line
-/// view once, make one pass. A screen adds its views and its passes.
-class Screen : public QWidget
+/// A child screen of the main window, kept up to date by a LinkPoller. A screen adds its looks,
+/// its passes and its entries.
+class Screen : public QWidget, protected PolledView
 {
     Q_OBJECT
 
 public:
     explicit Screen(ProgramState& state);
 
-    /// Applies the view of the current mode and runs the refresh loop from now on.
+    /// Shows the look of the current mode and refreshes from now on.
     void activate();
 
-    /// Ends the refresh loop where it stands.
+    /// Ends the refreshes where they stand.
     void deactivate();
 
-protected:
-    /// Shows one value that a pass has read: `entry` counts the registers of that pass from 0.
-    using ShowValue = std::function<void(std::size_t entry, const QString& value)>;
+    /// The working data set is another one: off line, begins as if the screen had just been
+    /// shown. Entries under way are dropped. On line the controller's values stand.
+    void reload();
 
-    /// The look while on line or off line: what is enabled, what shows dashes.
+protected:
+    /// Takes from the working data set what the screen keeps for itself. Nothing unless
+    /// overridden; a screen calls it when it is made, too.
+    virtual void load() {}
+
+    /// The look while on line or off line: what is enabled, what shows dashes. No bytes.
     virtual void applyOnlineView() = 0;
     virtual void applyOfflineView() = 0;
 
     /// What every turn of the loop shows whatever the mode. Nothing unless overridden.
     virtual void refreshAlways() {}
 
-    /// One refresh from the controller, or from the working data set.
-    virtual Task onlinePass() = 0;
-    virtual Task offlinePass();
-
     /// Awaitable: lets pending events run. A pass awaits it before every register it reads.
-    auto pendingEvents() { return m_loop.pendingEvents(); }
+    auto pendingEvents() { return m_poller.pendingEvents(); }
 
     /// Whether a pass on line goes on after other events have run. A screen may have reasons of
     /// its own to break one off.
     virtual bool passGoesOn() const { return online(); }
 
-    /// Reads `registers` in order, each after a turn of the event loop, and shows each value.
-    /// Stops when the screen is left, the pass does not go on or the link reports an error.
-    Task readRegisters(std::span<const std::string> registers, ShowValue show);
+    /// Reads `registers` in order and shows each value that was read. Stops when the screen is
+    /// left, the pass does not go on or the link reports an error.
+    Task readRegisters(std::span<const std::string> registers, LinkPoller::ShowValue show);
 
-    /// Writes one register while on line; nothing off line or after a communication error.
-    void writeRegister(const std::string& address, const QString& value);
+    /// Reads one register now. Nothing off line, while the link is busy, or when the read failed.
+    std::optional<QString> readRegister(const std::string& address);
+
+    /// Writes one register while on line; nothing off line or after a communication error. False
+    /// when the link has refused the value, with a box of its own.
+    bool writeRegister(const std::string& address, const QString& value);
+
+    /// Whether the link takes `value` for a register of this kind.
+    static bool linkTakes(const std::string& address, const QString& value);
 
     /// Entry `slot` (0 to 1613) of the working data set.
     std::int32_t& workingValue(int slot)
@@ -64,8 +71,9 @@ protected:
         return m_state.gWorkingData.Value.at(static_cast<std::size_t>(slot));
     }
 
-    /// Forgets what is being edited in the fields of this screen, so that refreshes show there.
-    void endEditing();
+    /// Checks and stores what is being typed in a field of this screen, as leaving it would. False
+    /// when it was refused: then a button must not act on the press.
+    bool entriesSettled();
 
     bool online() const { return m_state.gLink.OnlineMode; }
     ProgramState& state() { return m_state; }
@@ -75,19 +83,14 @@ protected:
     QPushButton* cmdDefault() { return m_cmdDefault; }
 
 private:
-    Task refreshLoop();
-    void dropOffline();
-    void showOnlineView();
-    void showOfflineView();
-    bool mayRun() const;
-
-    enum class View { None, Online, Offline };
+    void showMode(bool online) final;
+    void everyTurn() final;
+    void dropEntries();
 
     ProgramState& m_state;
     QPushButton* m_cmdDefault;
-    View m_view = View::None;
-    bool m_lastOfflineEditing = false;
-    CooperativeLoop m_loop; // last: its frames are gone before anything that they use
+    bool m_shownEditing = false; ///< what gOfflineEditing was when the look was shown
+    LinkPoller m_poller;         // last: its frames are gone before anything that they use
 };
 
 } // namespace tambrix

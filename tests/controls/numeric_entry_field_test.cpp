@@ -1,12 +1,14 @@
 #include "controls/numeric_entry_field.h"
 
-#include "controls/typed_number.h"
+#include "data/typed_number.h"
 #include "tests/support/scripted_prompts.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
@@ -71,17 +73,17 @@ protected:
         sink->setFocus();
     }
 
-    EntryRules rules(std::int32_t minimum, std::int32_t maximum)
+    EntryRules rules(const EntryRange& limits)
     {
         EntryRules rules;
         rules.title = "Set-up";
-        rules.minimum = minimum;
-        rules.maximum = maximum;
+        rules.limits = [&limits] { return limits; };
         rules.store = [this](const QString& text, std::int32_t value) {
             stored.push_back(text.toStdString() + "=" + std::to_string(value));
         };
         rules.step = [this](const QString& text, std::int32_t) {
             stored.push_back("step " + text.toStdString());
+            afterStep();
         };
         return rules;
     }
@@ -115,9 +117,12 @@ protected:
     ScriptedPrompts person;
     QMainWindow window;
     QPushButton* sink = new QPushButton("-");
+    EntryRange limits{140, 650};
+    EntryRange secondLimits{10, 30};
+    std::function<void()> afterStep = [] {};
     Stored stored; ///< what both fields have stored or stepped to
-    NumericEntryField* first = new NumericEntryField(person, *sink, rules(140, 650));
-    NumericEntryField* second = new NumericEntryField(person, *sink, rules(10, 30));
+    NumericEntryField* first = new NumericEntryField(person, *sink, rules(limits));
+    NumericEntryField* second = new NumericEntryField(person, *sink, rules(secondLimits));
     QPushButton* button = new QPushButton("go");
 };
 
@@ -225,50 +230,113 @@ TEST_F(Fields, RefreshesKeepOffUntilTheSecondEscape)
     EXPECT_EQ(first->undoValue(), 444);
 }
 
-TEST_F(Fields, StepsByKeyStayWithinTheLimitsAndKeepTheFocus)
+TEST_F(Fields, AStepChangesTheValueByOneWithinTheLimitsOfNow)
 {
     struct Case
     {
         const char* shown;
+        const char* typed; // after it; none if empty
         Qt::Key key;
         const char* stepped;
+        std::size_t stored;
+        std::size_t boxes;
     };
-    const Case cases[] = {{"200", Qt::Key_Up, "201"},     {"200", Qt::Key_Down, "199"},
-                          {"200", Qt::Key_PageUp, "210"}, {"145", Qt::Key_PageDown, "140"},
-                          {"650", Qt::Key_Up, "650"},     {"700", Qt::Key_Down, "650"},
-                          {"-", Qt::Key_Down, "140"}};
+    const Case cases[] = {
+        {"200", "", Qt::Key_Up, "201", 1, 0},     {"200", "", Qt::Key_Down, "199", 1, 0},
+        {"200", "300", Qt::Key_Up, "301", 1, 0},  {"200", " ", Qt::Key_Up, "201", 1, 0},
+        {"200", "30.5", Qt::Key_Up, "201", 1, 0}, {"650", "", Qt::Key_Up, "650", 0, 0},
+        {"-", "", Qt::Key_Down, "649", 1, 0},     {"700", "", Qt::Key_Down, "700", 0, 1},
+        {"200", "9999", Qt::Key_Up, "200", 0, 1}, {"139", "", Qt::Key_Up, "139", 0, 1},
+        {"200", "", Qt::Key_PageUp, "200", 0, 0}, {"200", "", Qt::Key_PageDown, "200", 0, 0}};
     first->setFocus();
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.shown);
+        SCOPED_TRACE(testing::Message() << c.shown << " " << c.typed);
         stored.clear();
+        person.boxes.clear();
+        first->endEditing();
         first->setText(c.shown);
+        first->findChild<QLineEdit*>()->selectAll();
+        QTest::keyClicks(first, c.typed);
         press(c.key);
+        settle();
         EXPECT_EQ(first->text(), c.stepped);
         EXPECT_TRUE(first->hasFocus());
-        EXPECT_EQ(stored.size(), QString(c.shown) == c.stepped ? 0U : 1U);
+        EXPECT_EQ(stored.size(), c.stored);
+        EXPECT_EQ(person.boxes.size(), c.boxes);
     }
-    press(Qt::Key_Tab);
-    EXPECT_EQ(stored, Stored{"step 140"}) << "a step is not a typed entry";
-    first->setFocus();
+    stored.clear();
+    limits = {140, 201};
+    first->setText("200");
     press(Qt::Key_Up);
-    QTest::keyClicks(first, "300");
+    press(Qt::Key_Up);
     press(Qt::Key_Tab);
-    EXPECT_EQ(stored.back(), "300=300") << "but one may follow it";
+    EXPECT_EQ(stored, Stored{"step 201"}) << "nor is a step a typed entry";
+    type(first, "180");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(stored.back(), "180=180") << "but one may follow it";
 }
 
-TEST_F(Fields, TheWheelTurnsOnlyTheFocusedField)
+TEST_F(Fields, RepetitionsOfAHeldKeyThatCameDuringAStepAreDropped)
 {
-    const auto turnWheel = [this] {
-        QWheelEvent turn(QPointF(5, 5), first->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), {},
-                         {}, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(first, &turn);
-    };
-    turnWheel();
-    EXPECT_EQ(first->text(), "200");
     first->setFocus();
-    turnWheel();
-    EXPECT_EQ(first->text(), "201");
-    EXPECT_TRUE(first->hasFocus());
+    for (int i = 0; i < 8; ++i) // the window system's queue after a slow write
+        QCoreApplication::postEvent(
+            first, new QKeyEvent(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier, {}, i > 0));
+    QCoreApplication::sendPostedEvents(first);
+    EXPECT_EQ(stored, Stored{"step 201"});
+    settle();
+    QKeyEvent late(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(first, &late);
+    EXPECT_EQ(stored.back(), "step 202");
+}
+
+/// Arrows that repeat without delay.
+class QuickArrows : public QProxyStyle
+{
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override
+    {
+        const bool repeat =
+            hint == SH_SpinBox_ClickAutoRepeatThreshold || hint == SH_SpinBox_ClickAutoRepeatRate;
+        return repeat ? 1 : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
+
+TEST_F(Fields, AHeldArrowGoesOnUntilABoxOpens)
+{
+    QuickArrows style;
+    first->setStyle(&style);
+    QDialog box;
+    box.setModal(true);
+    limits = {140, 203};
+    first->setText("200");
+    person.whileShown = [&] { box.show(); };
+    afterStep = [&] {
+        if (stored.size() == 3)
+            box.show();
+    };
+    const QPoint arrow = first->mapTo(&window, QPoint(first->width() - 5, first->height() / 4));
+    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, arrow);
+    EXPECT_TRUE(sink->hasFocus());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stored.size() >= 3; }));
+    limits = {140, 650};
+    QTest::qWait(20);
+    box.close();
+    QTest::qWait(20);
+    EXPECT_EQ(stored.size(), 3U) << "the box has swallowed the release of the mouse";
+    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, arrow);
+    first->setStyle(nullptr);
+}
+
+TEST_F(Fields, TheWheelChangesNothing)
+{
+    first->setFocus();
+    QWheelEvent turn(QPointF(5, 5), first->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), {}, {},
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(first, &turn);
+    EXPECT_EQ(first->text(), "200");
+    EXPECT_TRUE(stored.empty());
 }
 
 TEST_F(Fields, AVisitToTheMenuOrToAnotherWindowIsNoLeave)

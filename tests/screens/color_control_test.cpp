@@ -193,13 +193,28 @@ TEST_F(ColorControl, WithLabelSelectAndInManualEveryChangedBoxIsWritten)
 TEST_F(ColorControl, StrangeValuesOfTheControllerDoNoHarm)
 {
     rig.board.poke(map::kMaxOn, 0);
-    rig.board.pokeWord(map::kLabelNumber, 65535);
     openWithLabelSelect();
     EXPECT_EQ(label("lblColorCtrl(0)"), "-"); // no density is a part of nothing
-    EXPECT_EQ(text(kLabel), "65535");
+}
+
+TEST_F(ColorControl, ANumberThatNoLabelHasIsShownAndHasNoStorage)
+{
+    rig.board.pokeWord(map::kLabelNumber, 150);
+    openWithLabelSelect();
+    const auto values = rig.state.gWorkingData.Value;
+    EXPECT_EQ(text(kLabel), "150");
     enter("txtColorCtrl(8)", "444");
-    EXPECT_EQ(slot(labelBase(99) + 8), 444);
-    EXPECT_TRUE(rig.person.boxes.empty());
+    EXPECT_EQ(wire.writes, (Writes{{730, 444 - 256}, {731, 1}}));
+    goOffline();
+    rig.state.gOfflineEditing = true;
+    pass();
+    EXPECT_EQ(text("txtColorCtrl(8)"), "-");
+    EXPECT_FALSE(field("txtColorCtrl(8)").isEnabled());
+    EXPECT_EQ(slot(13), 150);
+    EXPECT_EQ(rig.state.gWorkingData.Value, values);
+    enter(kLabel, "99");
+    pass();
+    EXPECT_TRUE(field("txtColorCtrl(8)").isEnabled());
 }
 
 TEST_F(ColorControl, OffLineTheLabelsOfTheWorkingDataAreEditedIfAllowed)

@@ -13,6 +13,9 @@ double leadingNumber(const QString& text);
 /// The number that `text` is as a whole, blanks around it aside: sign, digits, decimal point.
 std::optional<double> numericText(const QString& text);
 
+/// Whether `text` is a whole number, blanks around it aside.
+bool isWholeNumber(const QString& text);
+
 /// `number` rounded to the nearest whole number, halves to even, within 32 bits.
 std::int32_t roundedHalfToEven(double number);
 

@@ -1,4 +1,4 @@
-#include "controls/typed_number.h"
+#include "data/typed_number.h"
 
 #include <QRegularExpression>
 
@@ -28,6 +28,12 @@ std::optional<double> numericText(const QString& text)
     if (!match.hasMatch())
         return std::nullopt;
     return match.captured(1).toDouble();
+}
+
+bool isWholeNumber(const QString& text)
+{
+    const std::optional<double> number = numericText(text);
+    return number && *number == std::floor(*number);
 }
 
 std::int32_t roundedHalfToEven(double number)
