@@ -73,11 +73,11 @@ protected:
         sink->setFocus();
     }
 
-    EntryRules rules(const EntryRange& limits)
+    EntryRules rules(const EntryRange& range)
     {
         EntryRules rules;
         rules.title = "Set-up";
-        rules.limits = [&limits] { return limits; };
+        rules.limits = [&range] { return range; };
         rules.store = [this](const QString& text, std::int32_t value) {
             stored.push_back(text.toStdString() + "=" + std::to_string(value));
         };
