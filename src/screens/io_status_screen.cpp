@@ -183,8 +183,8 @@ void IoStatusScreen::showDashes(bool enabled)
     for (QGroupBox* frame : m_frames)
         frame->setEnabled(enabled);
     const auto dash = [](std::span<ValueLabel* const> labels) {
-        for (QLabel* label : labels) {
-            label->setText(QStringLiteral("-"));
+        for (ValueLabel* label : labels) {
+            label->setValue(QStringLiteral("-"));
             setColor(*label, kOnColor);
         }
     };

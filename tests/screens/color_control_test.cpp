@@ -104,6 +104,105 @@ TEST_F(ColorControl, ALabelChangeLoadsSixteenDurationsAndReturnsTheFocus)
     EXPECT_TRUE(PressRig::eventually([this] { return field(kLabel).hasFocus(); }));
 }
 
+TEST_F(ColorControl, AStepGoesByOneUnderTheLimitsOfNow)
+{
+    rig.board.pokeWord(map::kMaxCycle, 650); // the working data set says 500
+    rig.board.poke(map::workingOn(0), 30);
+    rig.board.pokeWord(map::workingCycle(0), 100);
+    openWithLabelSelect();
+    clickArrow("txtColorCtrl(0)", true);
+    rig.board.poke(map::workingOn(0), 120);
+    rig.board.pokeWord(map::workingCycle(0), 600);
+    pass();
+    wire.clear();
+    clickArrow("txtColorCtrl(0)", false);
+    clickArrow("txtColorCtrl(8)", true);
+    EXPECT_EQ(wire.to(map::workingOn(0)), std::vector<int>{119});
+    EXPECT_EQ(wire.to(map::workingCycle(0)), std::vector<int>{601 - 512});
+}
+
+TEST_F(ColorControl, AStoredDurationThatCannotBeReadIsTriedAgainAndThenLeft)
+{
+    openWithLabelSelect();
+    const int before = rig.board.peek(map::workingOn(0));
+    const int page = map::labelOn(5, 0) / 256;
+    for (const int lost : {2, 3}) {
+        SCOPED_TRACE(lost);
+        enter(kLabel, "5");
+        wire.clear();
+        wire.loseReads(page, lost);
+        ASSERT_TRUE(loaded(5));
+        pass();
+        EXPECT_EQ(rig.board.peek(map::workingOn(0)), lost == 2 ? 15 : before);
+        EXPECT_EQ(rig.board.peek(map::workingOn(1)), 16);
+        EXPECT_EQ(rig.board.peekWord(map::workingCycle(0)), 165);
+        rig.board.poke(map::workingOn(0), static_cast<std::uint8_t>(before));
+        enter(kLabel, "6");
+        ASSERT_TRUE(loaded(6));
+        rig.board.poke(map::workingOn(0), static_cast<std::uint8_t>(before));
+    }
+    ASSERT_EQ(rig.person.boxes.size(), 1U);
+    EXPECT_TRUE(rig.person.boxes[0].text.ends_with("ON Duration ductor 1"));
+}
+
+/// One lost answer at a time, at every place from label select to the first durations.
+TEST_F(ColorControl, AFailedReadChangesNothing)
+{
+    rig.board.press().stop();
+    rig.board.pokeWord(map::kLabelNumber, 6);
+    rig.board.poke(map::workingOn(0), 33);
+    openWithLabelSelect();
+    for (std::size_t at = 0; at < 24; ++at) {
+        SCOPED_TRACE(at);
+        rig.line.setFault(rig.line.exchanges() + at, {.kind = LineFault::Kind::LoseReply});
+        for (int turn = 0; turn < 40; ++turn) {
+            PressRig::turns(1);
+            ASSERT_EQ(text(kLabel), "6");
+            ASSERT_EQ(slot(13), 6);
+            ASSERT_EQ(text("txtColorCtrl(0)"), "33");
+            ASSERT_TRUE(field(kLabel).isEnabled());
+        }
+    }
+}
+
+TEST_F(ColorControl, TheFocusStaysAwayFromWhatTheUserDidNotChoose)
+{
+    openWithLabelSelect();
+    enter(kLabel, "0"); // unchanged: nothing is loaded, no focus comes back
+    clickArrow(kLabel, true);
+    ASSERT_TRUE(PressRig::eventually([this] { return text("txtColorCtrl(15)") != "-"; }));
+    EXPECT_TRUE(button("cmdDefault").hasFocus());
+    wire.clear();
+    type(kLabel, "4");
+    rig.board.press().setLabelSelect(false);
+    ASSERT_TRUE(PressRig::eventually([this] { return !field(kLabel).isEnabled(); }));
+    EXPECT_TRUE(button("cmdDefault").hasFocus());
+    EXPECT_EQ(text(kLabel), "1");
+    EXPECT_TRUE(wire.writes.empty());
+}
+
+TEST_F(ColorControl, AnotherDataSetIsShownAsIfTheScreenWereNew)
+{
+    rig.state.gOfflineEditing = true;
+    open();
+    enter(kLabel, "12");
+    type("txtColorCtrl(0)", "5");
+    rig.state.gWorkingData = rig.state.gDefaultData;
+    rig.state.gWorkingData.Value[13] = 33;
+    rig.state.gWorkingData.Value[static_cast<std::size_t>(labelBase(33))] = 77;
+    const auto opened = rig.state.gWorkingData.Value;
+    screen().reload();
+    EXPECT_TRUE(button("cmdDefault").hasFocus());
+    pass();
+    EXPECT_EQ(text(kLabel), "33");
+    EXPECT_EQ(text("txtColorCtrl(0)"), "77");
+    field("txtColorCtrl(0)").setFocus();
+    QTest::keyClick(&field("txtColorCtrl(0)"), Qt::Key_Escape);
+    EXPECT_EQ(text("txtColorCtrl(0)"), "77");
+    EXPECT_EQ(rig.state.gWorkingData.Value, opened);
+    EXPECT_TRUE(rig.person.boxes.empty());
+}
+
 TEST_F(ColorControl, ASpinnerClickRestartsTheLoad)
 {
     beginLoad("5");
@@ -124,8 +223,6 @@ TEST_F(ColorControl, APulledCableEndsTheLoad)
     rig.line.unplug();
     ASSERT_TRUE(PressRig::eventually([this] { return !rig.state.gLink.OnlineMode; }));
     EXPECT_EQ(rig.person.boxes.size(), 1U);
-    EXPECT_FALSE(field(kLabel).isEnabled());
-
     rig.line.plugIn();
     rig.goOnline();
     EXPECT_TRUE(PressRig::eventually([this] { return text("txtColorCtrl(0)") == "15"; }));
@@ -156,8 +253,15 @@ TEST_F(ColorControl, OfflineDataEndsTheLoad)
 TEST_F(ColorControl, TheStationHasTwoEncodings)
 {
     openOnline();
+    enter(kStationEntry, "9");
+    EXPECT_EQ(rig.person.boxes.size(), 1U);
     enter(kStationEntry, "3");
     EXPECT_EQ(wire.to(63), (std::vector<int>{1, 4, 4})) << "as shown when it opens, then as a bit";
+    type(kStationEntry, "77");
+    goOffline();
+    rig.goOnline();
+    pass();
+    EXPECT_EQ(wire.to(63).back(), 3) << "what was not entered is not sent";
 }
 
 TEST_F(ColorControl, WithLabelSelectAndInManualEveryChangedBoxIsWritten)
@@ -179,6 +283,12 @@ TEST_F(ColorControl, WithLabelSelectAndInManualEveryChangedBoxIsWritten)
     EXPECT_EQ(wire.to(61), (std::vector<int>{2, 3, 7, 15, 31, 63, 127, 255}));
     pass();
     wire.clear();
+    type("txtColorCtrl(0)", "999");
+    clickAtOnce("cmdDuctorsManualOFF");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(wire.writes.empty()) << "an entry was refused";
+    EXPECT_EQ(rig.person.boxes.size(), 1U);
+    field("txtColorCtrl(0)").endEditing();
     button("cmdDuctorsManualOFF").click();
     EXPECT_EQ(wire.to(61), (std::vector<int>{254, 252, 248, 240, 224, 192, 128, 0}));
 
@@ -188,19 +298,23 @@ TEST_F(ColorControl, WithLabelSelectAndInManualEveryChangedBoxIsWritten)
     EXPECT_EQ(label("lblStatus(3)"), "ON");
     EXPECT_FALSE(button("chkDuctorManual(0)").isEnabled());
     EXPECT_FALSE(button("cmdDuctorsManualON").isEnabled());
-}
+    EXPECT_EQ(spoken("lblStatus(2)"), "Operational Mode: AUTO");
+    EXPECT_EQ(spoken("cmdDuctorsManualOFF"), "Ductors OFF All");
 
-TEST_F(ColorControl, StrangeValuesOfTheControllerDoNoHarm)
-{
-    rig.board.poke(map::kMaxOn, 0);
-    openWithLabelSelect();
-    EXPECT_EQ(label("lblColorCtrl(0)"), "-"); // no density is a part of nothing
+    rig.board.poke(map::kManualDuctors, 2);
+    pass();
+    int changes = 0;
+    QObject::connect(&button("chkDuctorManual(1)"), &QAbstractButton::toggled, [&] { ++changes; });
+    pass();
+    EXPECT_EQ(changes, 0) << "the boxes do not flicker";
 }
 
 TEST_F(ColorControl, ANumberThatNoLabelHasIsShownAndHasNoStorage)
 {
     rig.board.pokeWord(map::kLabelNumber, 150);
+    rig.board.poke(map::kMaxOn, 0); // no density is a part of nothing
     openWithLabelSelect();
+    EXPECT_EQ(label("lblColorCtrl(0)"), "-");
     const auto values = rig.state.gWorkingData.Value;
     EXPECT_EQ(text(kLabel), "150");
     enter("txtColorCtrl(8)", "444");
@@ -233,13 +347,21 @@ TEST_F(ColorControl, OffLineTheLabelsOfTheWorkingDataAreEditedIfAllowed)
     EXPECT_EQ(slot(labelBase(5)), 20);
     EXPECT_TRUE(wire.bytes.empty());
 
-    enter("txtColorCtrl(8)", "79"); // the durations of a ductor limit each other
-    enter("txtColorCtrl(8)", "180");
-    enter("txtColorCtrl(0)", "121");
-    ASSERT_EQ(rig.person.boxes.size(), 2U);
-    EXPECT_EQ(rig.person.boxes[0].title, "Color Control");
-    EXPECT_EQ(rig.person.boxes[0].text, "Only a Number Between 80 and 500 can be Entered");
-    EXPECT_EQ(rig.person.boxes[1].text, "Only a Number Between 0 and 120 can be Entered");
+    enter("txtColorCtrl(8)", "180"); // the durations of a ductor limit each other
+    const std::pair<const char*, const char*> limits[] = {{"txtColorCtrl(0)", "0 and 120"},
+                                                          {"txtColorCtrl(7)", "0 and 140"},
+                                                          {"txtColorCtrl(8)", "80 and 500"},
+                                                          {"txtColorCtrl(15)", "60 and 500"},
+                                                          {kLabel, "0 and 99"}};
+    for (const auto& [name, range] : limits) {
+        rig.person.boxes.clear();
+        enter(name, "9999");
+        ASSERT_EQ(rig.person.boxes.size(), 1U);
+        EXPECT_EQ(rig.person.boxes[0].title, "Color Control");
+        EXPECT_EQ(rig.person.boxes[0].text,
+                  std::string("Only a Number Between ") + range + " can be Entered");
+        field(name).endEditing();
+    }
 }
 
 } // namespace

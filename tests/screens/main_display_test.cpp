@@ -11,6 +11,13 @@ namespace {
 
 struct DisplayRig : WindowRig
 {
+    DisplayRig() : WindowRig(ScreenTable{display, display, {}, {}, {}}) {}
+
+    static std::unique_ptr<Screen> display(ProgramState& shared)
+    {
+        return std::make_unique<MainDisplay>(shared);
+    }
+
     QString speed() const { return control<QLabel>("lblDisplay").text(); }
     QPushButton& reset() const { return control<QPushButton>("cmdAlarmReset"); }
     QString messages() const { return control<QPlainTextEdit>("txtMessageDisplay").toPlainText(); }
@@ -33,6 +40,28 @@ TEST(MainDisplayTest, FitsEightAlarmsIntoTheirFrameAndResetsThem)
     rig.reset().click();
     EXPECT_TRUE(PressRig::eventually([&] { return rig.messages().contains("System Normal"); }));
     EXPECT_EQ(rig.board.peek(65), 0);
+}
+
+TEST(MainDisplayTest, EverySpeedFitsOnEveryShowing)
+{
+    DisplayRig rig;
+    rig.board.press().stop();
+    rig.line.setBaud(0); // no time passes, so the controller's scan changes nothing
+    const auto fits = [&](const char* speed) {
+        const auto& label = rig.control<QLabel>("lblDisplay");
+        return rig.speed() == speed &&
+               QFontMetrics(label.font()).horizontalAdvance(label.text()) < label.width();
+    };
+    rig.window->goOnline();
+    for (const char* speed : {"1234", "65535", "7"}) {
+        rig.board.pokeWord(112, static_cast<std::uint16_t>(std::atoi(speed)));
+        EXPECT_TRUE(PressRig::eventually([&] { return fits(speed); })) << speed;
+    }
+    rig.board.pokeWord(112, 65535);
+    rig.window->showScreen(1);
+    rig.window->showScreen(0);
+    EXPECT_TRUE(PressRig::eventually([&] { return fits("65535"); }));
+    EXPECT_EQ(rig.control<QLabel>("lblDisplay").accessibleName(), "Machine CPM: 65535");
 }
 
 TEST(MainDisplayTest, ABrokenLineDropsTheWholeProgramOffLineWithOneBox)

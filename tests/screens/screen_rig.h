@@ -2,10 +2,12 @@
 
 #include "controls/numeric_entry_field.h"
 #include "shell/screen.h"
+#include "tests/support/control_named.h"
 #include "tests/support/press_rig.h"
 #include "tests/support/wire_writes.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -57,10 +59,10 @@ protected:
         PressRig::turns(kTurnsOfTwoPasses);
     }
 
-    NumericEntryField& field(const char* name) { return *find<NumericEntryField>(name); }
+    NumericEntryField& field(const char* name) { return control<NumericEntryField>(name); }
     QString text(const char* name) { return field(name).text(); }
-    QString label(const char* name) { return find<QLabel>(name)->text(); }
-    QAbstractButton& button(const char* name) { return *find<QAbstractButton>(name); }
+    QString label(const char* name) { return control<QLabel>(name).text(); }
+    QAbstractButton& button(const char* name) { return control<QAbstractButton>(name); }
 
     void type(const char* name, const char* typed)
     {
@@ -73,6 +75,24 @@ protected:
         type(name, typed);
         QTest::keyClick(&field(name), Qt::Key_Return);
         QCoreApplication::processEvents();
+    }
+
+    /// Presses and releases a button before any other event is served.
+    void clickAtOnce(const char* name) { QTest::mouseClick(&button(name), Qt::LeftButton); }
+
+    /// What a screen reader does with a check box.
+    void toggleByReader(const char* name)
+    {
+        QAccessible::queryAccessibleInterface(&button(name))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+    }
+
+    /// What a screen reader says.
+    QString spoken(const char* name)
+    {
+        return QAccessible::queryAccessibleInterface(&control<QWidget>(name))
+            ->text(QAccessible::Name);
     }
 
     /// Clicks the upper or lower arrow of a field's spinner.
@@ -88,12 +108,9 @@ protected:
         return rig.state.gWorkingData.Value.at(static_cast<std::size_t>(index));
     }
 
-    template <typename Control> Control* find(const char* name)
+    template <typename Control> Control& control(const char* name)
     {
-        auto* found = m_screen->template findChild<Control*>(QLatin1String(name));
-        if (found == nullptr)
-            qFatal("no control %s", name);
-        return found;
+        return controlNamed<Control>(*m_screen, name);
     }
 
     PressRig rig;

@@ -89,27 +89,22 @@ protected:
         return states;
     }
 
-    QColor color(const char* name) { return find<QLabel>(name)->palette().windowText().color(); }
-
-    QColor shade(const char* name)
-    {
-        const QImage picture = find<QLabel>(name)->grab().toImage();
-        return picture.pixelColor(picture.width() / 8, picture.height() / 2);
-    }
+    QColor color(const char* name) { return control<QLabel>(name).palette().windowText().color(); }
 };
 
-TEST_F(IoStatus, OffLineEveryStateIsALegibleGreyDash)
+TEST_F(IoStatus, OffLineEveryStateIsADash)
 {
     open();
     for (const char* name : {"lblq910State(10)", "lblSlot00State(0)", "lblSlot01State(15)"}) {
         EXPECT_EQ(label(name), "-");
-        EXPECT_FALSE(find<QLabel>(name)->isEnabled());
+        EXPECT_FALSE(control<QLabel>(name).isEnabled());
     }
-    screen().setPalette(QPalette(Qt::black));
-    for (const char* name : {"lblq910State(0)", "lblSlot00State(3)", "lblSlot01State(15)"})
-        EXPECT_GT(shade(name).lightness(), 200) << name << " on a dark desktop";
     EXPECT_TRUE(wire.bytes.empty());
 }
+
+/// Words of the module, each with its address as value; W170 is read and not shown.
+constexpr std::pair<std::uint16_t, std::uint16_t> kWords[] = {
+    {162, 162}, {164, 164}, {170, 170}, {180, 180}, {112, 112}, {184, 184}, {186, 186}, {188, 188}};
 
 TEST_F(IoStatus, EveryBitHasItsLampAndTheModuleItsRegisters)
 {
@@ -120,10 +115,10 @@ TEST_F(IoStatus, EveryBitHasItsLampAndTheModuleItsRegisters)
     rig.board.poke(131, 0x81);
     rig.board.pokeWord(110, 256);
     rig.board.poke(42, 3); // IN0 and IN1 on
-    rig.board.pokeWord(162, 111);
-    rig.board.pokeWord(112, 999);
-    rig.board.pokeWord(170, 888);
-    rig.board.pokeWord(188, 777);
+    for (const auto& [address, value] : kWords)
+        rig.board.pokeWord(address, value);
+    rig.board.poke(166, 66); // bytes, side by side
+    rig.board.poke(167, 67);
     open();
     EXPECT_EQ(states("lblSlot00State", 0, 8), "10100000");
     EXPECT_EQ(states("lblSlot00State", 8, 8), "10000001");
@@ -133,9 +128,11 @@ TEST_F(IoStatus, EveryBitHasItsLampAndTheModuleItsRegisters)
     EXPECT_EQ(label("lblSlot00State(1)"), "off");
     EXPECT_EQ(label("lblq910State(0)"), "off");
     EXPECT_EQ(label("lblq910State(1)"), "off");
-    EXPECT_EQ(label("lblq910State(2)"), "111");
-    EXPECT_EQ(label("lblq910State(7)"), "999");
-    EXPECT_EQ(label("lblq910State(10)"), "777");
+    const char* module[] = {"162", "164", "66", "67", "180", "112", "184", "186", "188"};
+    for (int row = 2; row <= 10; ++row)
+        EXPECT_EQ(label(qPrintable(QStringLiteral("lblq910State(%1)").arg(row))), module[row - 2]);
+    EXPECT_EQ(spoken("lblq910State(10)"), "Offset: 188");
+    EXPECT_EQ(spoken("lblSlot00State(0)"), "Ductor Control - Auto: ON");
     EXPECT_TRUE(wire.writes.empty());
 }
 

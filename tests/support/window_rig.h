@@ -2,6 +2,7 @@
 
 #include "screens/main_display.h"
 #include "shell/main_window.h"
+#include "tests/support/control_named.h"
 #include "tests/support/press_rig.h"
 
 #include <QAction>
@@ -35,10 +36,7 @@ struct WindowRig : PressRig
 
     template <typename Control> Control& control(const char* name) const
     {
-        auto* found = window->findChild<Control*>(QLatin1String(name));
-        if (found == nullptr)
-            throw std::runtime_error(std::string("no control ") + name);
-        return *found;
+        return controlNamed<Control>(*window, name);
     }
 
     QAction& item(const char* name) const { return control<QAction>(name); }

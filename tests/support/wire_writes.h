@@ -21,7 +21,7 @@ struct WireWrite
 class WireWrites
 {
 public:
-    explicit WireWrites(SimulatedLine& line)
+    explicit WireWrites(SimulatedLine& line) : m_line(line)
     {
         line.setTap([this](const WireByte& wire) {
             if (wire.direction == WireByte::Direction::ToBoard)
@@ -36,6 +36,13 @@ public:
     {
         writes.clear();
         bytes.clear();
+    }
+
+    /// Loses the answers to the next `count` reads of bytes from `page` x 256 on.
+    void loseReads(int page, int count)
+    {
+        m_lostPage = page;
+        m_toLose = count;
     }
 
     /// The bytes written to one address, in order.
@@ -59,8 +66,18 @@ private:
             m_mode = byte;
         } else {
             m_frame.push_back(byte);
+            disturb();
             finishFrame();
         }
+    }
+
+    void disturb()
+    {
+        if (m_toLose == 0 || m_mode == kWriteMode || m_frame.size() != 1 ||
+            m_frame[0] != m_lostPage)
+            return;
+        --m_toLose;
+        m_line.setFault(m_line.exchanges(), {.kind = LineFault::Kind::LoseReply});
     }
 
     void finishFrame()
@@ -75,6 +92,9 @@ private:
     static constexpr int kAwaitsMode = -1;
     static constexpr int kWriteMode = 2;
 
+    SimulatedLine& m_line;
+    int m_lostPage = 0;
+    int m_toLose = 0;
     int m_mode = 0;
     std::vector<std::uint8_t> m_frame;
 };
