@@ -1,6 +1,6 @@
 #include "app/command_line.h"
 
-#include "shell/version.h"
+#include "data/version.h"
 
 #include <QCommandLineParser>
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "help/about_box.h"
 
 #include "controls/forms.h"
+#include "data/version.h"
 #include "help/system_info_window.h"
-#include "shell/version.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

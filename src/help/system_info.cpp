@@ -1,6 +1,6 @@
 #include "help/system_info.h"
 
-#include "shell/version.h"
+#include "data/version.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,20 +1,10 @@
 #include "shell/program_state.h"
 
-#include "shell/version.h"
+#include "data/version.h"
 
 #include <QFileInfo>
 
 namespace tambrix {
-
-namespace {
-
-std::string versionString()
-{
-    return "TAMBRIX_R" + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
-           std::to_string(kVersionRevision);
-}
-
-} // namespace
 
 QDateTime today()
 {
@@ -31,7 +21,7 @@ ProgramState::ProgramState(const QDir& folder, SerialPort& commPort, Clock& cloc
 
 void ProgramState::InitSetupData()
 {
-    gProgramVersion = versionString();
+    gProgramVersion = kFileVersion;
     gDefaultData = defaultSetupData(gProgramVersion);
     gWorkingData = gDefaultData;
     gSavedData = gDefaultData;

@@ -1,6 +1,6 @@
+#include "data/version.h"
 #include "help/about_box.h"
 #include "help/system_info_window.h"
-#include "shell/version.h"
 #include "tests/support/press_rig.h"
 
 #include <QClipboard>
