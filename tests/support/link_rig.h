@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 
 namespace tambrix {
@@ -23,8 +24,8 @@ public:
         std::string name = std::string(test->test_suite_name()) + "." + test->name();
         for (char& c : name)
             c = c == '/' ? '_' : c;
+        name += "." + std::to_string(std::random_device{}()); // apart from another run's
         m_path = std::filesystem::temp_directory_path() / "tambrix-tests" / name;
-        std::filesystem::remove_all(m_path);
         std::filesystem::create_directories(m_path);
     }
     ~ScratchFolder()
