@@ -58,7 +58,7 @@ private:
     Task measure()
     {
         for (int i = 0; i < kScreens; ++i) {
-            m_test.window.showScreen(i);
+            m_test.window.showScreen(static_cast<ScreenId>(i));
             co_await m_loop.pause(kSettling);
             m_test.port.bytes.clear();
             m_gap.start();

@@ -13,7 +13,7 @@ set(below_shell "${below_controls};shell")
 foreach(room screens maintenance reports help)
   set(below_${room} "${below_shell};${room}")
 endforeach()
-set(below_demo "${below_shell};simulator;help;demo")
+set(below_demo "${below_shell};simulator;demo")
 set(without_qt "link;simulator")
 set(without_widgets "platform;data")
 

@@ -108,7 +108,7 @@ int runProgram(const CommandLine& line)
     if (!line.setupFile.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
 
-    DemoStage stage(window, controller, QDir(line.demoFolder));
+    DemoStage stage(window, controller.board(), QDir(line.demoFolder));
     if (demo)
         stage.run(demonstration(stage));
     return QApplication::exec();

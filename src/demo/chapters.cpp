@@ -2,13 +2,20 @@
 
 namespace tambrix {
 
+namespace {
+
+using Chapter = Task (*)(DemoStage& stage);
+
+/// In order. Each begins and ends off line, with the main window in front.
+constexpr Chapter kChapters[] = {demoMainDisplay, demoScreens, demoData, demoMaintenance,
+                                 demoReports};
+
+} // namespace
+
 Task demonstration(DemoStage& stage)
 {
-    co_await demoMainDisplay(stage);
-    co_await demoScreens(stage);
-    co_await demoData(stage);
-    co_await demoMaintenance(stage);
-    co_await demoReports(stage);
+    for (const Chapter chapter : kChapters)
+        co_await chapter(stage);
 }
 
 } // namespace tambrix

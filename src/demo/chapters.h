@@ -7,17 +7,19 @@ namespace tambrix {
 /// The whole demonstration, chapter after chapter.
 Task demonstration(DemoStage& stage);
 
+// A chapter is a file of its own, a declaration here and a place in the list in chapters.cpp.
+
 /// On line, machine speed, an alarm raised and reset, off line again.
 Task demoMainDisplay(DemoStage& stage);
 
 /// Each parameter screen, on line and off line.
 Task demoScreens(DemoStage& stage);
 
-/// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
-Task demoMaintenance(DemoStage& stage);
-
 /// A whole press uploaded, saved, opened again and downloaded.
 Task demoData(DemoStage& stage);
+
+/// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
+Task demoMaintenance(DemoStage& stage);
 
 /// Report set-up and preview, about box, help.
 Task demoReports(DemoStage& stage);

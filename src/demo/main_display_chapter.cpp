@@ -2,7 +2,6 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QToolButton>
 
 namespace tambrix {
@@ -38,7 +37,7 @@ Task demoMainDisplay(DemoStage& stage)
                             return messages().contains("Ductor No.3 Feedback Fault") &&
                                    status() == "System Message:  Alarm(s) Active in Q900";
                         });
-    stage.control<QPushButton>("cmdAlarmReset").click();
+    stage.press("cmdAlarmReset");
     co_await stage.step("Reset Alarms clears it", "main-display-reset", [=] {
         return messages().contains("System Normal") &&
                status() == "System Message:  All Faults Normal";

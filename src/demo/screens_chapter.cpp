@@ -6,18 +6,10 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 
 namespace tambrix {
 
 namespace {
-
-constexpr int kMainScreen = 0;
-constexpr int kSetupScreen = 1;
-constexpr int kShiftScreen = 2;
-constexpr int kColorScreen = 3;
-constexpr int kIoScreen = 4;
 
 constexpr int kTypedCycle = 480; // 0.1 cans
 
@@ -29,7 +21,7 @@ void press(QWidget& widget, Qt::Key key, const QString& text)
     QApplication::sendEvent(&widget, &up);
 }
 
-/// Types into a field as a person does, and ends with Enter unless `open`.
+/// Types into a field as a user does, and ends with Enter unless `open`.
 void type(DemoStage& stage, const QString& name, const QString& text, bool open = false)
 {
     auto& field = stage.control<NumericEntryField>(name);
@@ -48,14 +40,14 @@ QString shown(DemoStage& stage, const QString& label)
 Task demoSetup(DemoStage& stage)
 {
     const auto cycle = [&stage] { return stage.control<NumericEntryField>("txtSetup(0)").text(); };
-    stage.window().showScreen(kSetupScreen);
+    stage.window().showScreen(ScreenId::SetupParameters);
     co_await stage.step(
         "Set-up shows the controller's parameters", "setup-online", [&stage, cycle] {
             return cycle().toInt() == stage.board().peekWord(memory_map::kMaxCycle) &&
                    !stage.control<NumericEntryField>("txtSetup(3)").text().isEmpty();
         });
     type(stage, "txtSetup(0)", QString::number(kTypedCycle));
-    stage.control<QPushButton>("cmdEnableFeedbackAll").click();
+    stage.press("cmdEnableFeedbackAll");
     co_await stage.step("A typed value and Enable All reach the controller", "setup-edited",
                         [&stage] {
                             return stage.board().peekWord(memory_map::kMaxCycle) == kTypedCycle &&
@@ -88,7 +80,7 @@ Task demoSetup(DemoStage& stage)
 
 Task demoShiftData(DemoStage& stage)
 {
-    stage.window().showScreen(kShiftScreen);
+    stage.window().showScreen(ScreenId::ShiftData);
     co_await stage.step("Shift Data off line", "shift-data-offline",
                         [&stage] { return shown(stage, "lblData(1)") == "0"; });
     co_await stage.goOnline();
@@ -96,7 +88,7 @@ Task demoShiftData(DemoStage& stage)
                         [&stage] { return shown(stage, "lblData(8)") != "0"; });
     const QString before = shown(stage, "lblData(3)");
     type(stage, "txtData", "3");
-    stage.control<QPushButton>("cmdResetCounts").click();
+    stage.press("cmdResetCounts");
     co_await stage.step("Reset Counts clears ductor 3 alone", "shift-data-reset",
                         [&stage, &before] {
                             return shown(stage, "lblData(3)").size() < before.size() &&
@@ -108,7 +100,7 @@ Task demoColorControl(DemoStage& stage)
 {
     const auto on = [&stage] { return stage.control<NumericEntryField>("txtColorCtrl(0)").text(); };
     stage.board().press().setLabelSelect(true);
-    stage.window().showScreen(kColorScreen);
+    stage.window().showScreen(ScreenId::ColorControl);
     co_await stage.step("Color Control shows the label in work", "color-control-online",
                         [&stage, on] {
                             return on().toInt() == stage.board().peek(memory_map::workingOn(0)) &&
@@ -126,7 +118,7 @@ Task demoColorControl(DemoStage& stage)
     stage.board().press().setOperationalMode(PressModel::OperationalMode::Manual);
     co_await stage.step(
         {}, {}, [&stage] { return stage.control<QWidget>("cmdDuctorsManualON").isEnabled(); });
-    stage.control<QPushButton>("cmdDuctorsManualON").click();
+    stage.press("cmdDuctorsManualON");
     co_await stage.step("In manual all ductors are switched on", "color-control-manual", [&stage] {
         return stage.board().peek(memory_map::kManualDuctors) == 255 &&
                stage.control<QCheckBox>("chkDuctorManual(7)").isChecked();
@@ -147,7 +139,7 @@ Task demoColorControl(DemoStage& stage)
 
 Task demoIoStatus(DemoStage& stage)
 {
-    stage.window().showScreen(kIoScreen);
+    stage.window().showScreen(ScreenId::IoStates);
     co_await stage.step("I/O Status on line", "io-status-online", [&stage] {
         return shown(stage, "lblSlot00State(0)") == "ON" &&
                shown(stage, "lblSlot01State(15)") == "off";
@@ -166,7 +158,7 @@ Task demoScreens(DemoStage& stage)
     co_await demoShiftData(stage);
     co_await demoColorControl(stage);
     co_await demoIoStatus(stage);
-    stage.window().showScreen(kMainScreen);
+    stage.window().showScreen(ScreenId::MainDisplay);
 }
 
 } // namespace tambrix

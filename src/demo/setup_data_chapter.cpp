@@ -1,12 +1,9 @@
 #include "demo/chapters.h"
 #include "simulator/memory_map.h"
 
-#include <QDialogButtonBox>
 #include <QFile>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRadioButton>
 
 namespace tambrix {
@@ -18,46 +15,25 @@ constexpr int kWatchedLabel = 3;
 constexpr int kEnoughToSee = 60; // entries
 const QString kFile = QStringLiteral("press.sdt");
 
-std::function<bool()> front(DemoStage& stage, const char* name)
-{
-    return [&stage, name] { return stage.frontWindow().objectName() == QLatin1String(name); };
-}
-
 std::function<bool()> mainWindowInFront(DemoStage& stage)
 {
     return [&stage] { return &stage.frontWindow() == &stage.window(); };
 }
 
-void press(DemoStage& stage, QAbstractButton* button)
-{
-    stage.later([button] { button->click(); });
-}
-
 /// Chooses the labels in the label range dialog, and watches the transfer to its end.
 Task transferLabels(DemoStage& stage, QString what, QString name)
 {
-    co_await stage.step(what + ": which labels", name + "-range", front(stage, "frmLabelRange"));
+    co_await stage.waitForWindow("frmLabelRange", what + ": which labels", name + "-range");
     stage.control<QRadioButton>("optLabels(1)").click();
     stage.control<QLineEdit>("txtLabels(0)").setText("0");
     stage.control<QLineEdit>("txtLabels(1)").setText(QString::number(kLastLabel));
-    press(stage, &stage.control<QPushButton>("cmdOk"));
+    stage.press("cmdOk");
     const auto underWay = [&stage] {
-        return front(stage, "frmProcessing")() &&
+        return stage.isInFront("frmProcessing") &&
                stage.control<QProgressBar>("prgProcessing").value() > kEnoughToSee;
     };
     co_await stage.step(what + ": under way", name + "-progress", underWay);
     co_await stage.step(what + ": done", {}, mainWindowInFront(stage));
-}
-
-/// Types a name into the file dialog and presses its button.
-Task answerFileDialog(DemoStage& stage, QString what, QString picture,
-                      QDialogButtonBox::StandardButton button)
-{
-    co_await stage.step(
-        {}, {}, [&stage] { return qobject_cast<QFileDialog*>(&stage.frontWindow()) != nullptr; });
-    stage.control<QLineEdit>("fileNameEdit").setText(stage.pictures().absoluteFilePath(kFile));
-    co_await stage.step(what, picture, [] { return true; });
-    press(stage, stage.control<QDialogButtonBox>("buttonBox").button(button));
 }
 
 Task uploadAndSave(DemoStage& stage)
@@ -70,7 +46,8 @@ Task uploadAndSave(DemoStage& stage)
     co_await stage.answerBox("Data Upload", "Yes", {});
     co_await transferLabels(stage, "Upload", "upload");
     stage.triggerMenu("mnuFileSave");
-    co_await answerFileDialog(stage, "Save asks for a name", "save-as", QDialogButtonBox::Save);
+    const QString file = stage.pictures().absoluteFilePath(kFile);
+    co_await stage.answerFileDialog(file, "Save asks for a name", "save-as");
     co_await stage.step("The press is saved", "saved", [&stage] {
         return stage.window().windowTitle() == "TAMBRIX - [" + kFile + "]";
     });
@@ -83,7 +60,8 @@ Task openAndDownload(DemoStage& stage)
     co_await stage.step("New starts from the defaults", {},
                         [&] { return window.windowTitle() == "TAMBRIX - [unnamed]"; });
     stage.triggerMenu("mnuFileOpen");
-    co_await answerFileDialog(stage, "Open asks for the file", "open", QDialogButtonBox::Open);
+    const QString file = stage.pictures().absoluteFilePath(kFile);
+    co_await stage.answerFileDialog(file, "Open asks for the file", "open");
     co_await stage.step("The press is opened again", {},
                         [&] { return window.windowTitle() == "TAMBRIX - [" + kFile + "]"; });
     stage.triggerMenu("mnuFileDownload(2)");

@@ -3,12 +3,15 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace tambrix {
 
@@ -18,7 +21,21 @@ namespace {
 
 constexpr auto kLook = 20ms;             // how often a step looks whether it is there
 constexpr int kLooksBeforeFailing = 400; // 8 s
+constexpr auto kLongestSilence = 9s;     // a box inside a turn lets no step look any more
 constexpr QSize kOperatorsScreen(1366, 768);
+
+// Conditions that hold a text are named before they are awaited: GCC 12 destroys a closure twice
+// that is built inside the awaiting expression.
+using Condition = std::function<bool()>;
+
+/// Open or Save, whichever the dialog has.
+QAbstractButton* acceptingButton(const QDialogButtonBox& box)
+{
+    const auto buttons = box.buttons();
+    const auto found = std::ranges::find(buttons, QDialogButtonBox::AcceptRole,
+                                         [&](auto* button) { return box.buttonRole(button); });
+    return found == buttons.end() ? nullptr : *found;
+}
 
 QAbstractButton* buttonOf(const QMessageBox& box, const QString& caption)
 {
@@ -29,51 +46,116 @@ QAbstractButton* buttonOf(const QMessageBox& box, const QString& caption)
     return found == buttons.end() ? nullptr : *found;
 }
 
+void print(const char* result, const QString& what, const QString& picture)
+{
+    const QString file = picture.isEmpty() ? QString() : QStringLiteral(" -> %1.png").arg(picture);
+    std::printf("%s: %s%s\n", result, qPrintable(what), qPrintable(file));
+    std::fflush(stdout);
+}
+
 } // namespace
 
-DemoStage::DemoStage(MainWindow& window, BuiltInController& controller, const QDir& pictures)
-    : m_window(window), m_controller(controller), m_pictures(pictures), m_loop([] { return true; })
+DemoStage::DemoStage(MainWindow& window, SimulatedBoard& board, const QDir& pictures)
+    : m_window(window), m_board(board), m_pictures(pictures), m_loop([] { return true; })
 {
+    m_watchdog.setSingleShot(true);
+    m_watchdog.setInterval(kLongestSilence);
+    QObject::connect(&m_watchdog, &QTimer::timeout, [this] {
+        fail(QStringLiteral("Nothing goes on behind the window '%1'")
+                 .arg(frontWindow().windowTitle()),
+             {});
+    });
 }
 
 void DemoStage::run(Task chapters)
 {
     m_window.resize(kOperatorsScreen);
     m_chapters = std::move(chapters);
+    m_watchdog.start();
     m_loop.start(wholeRun());
 }
 
 Task DemoStage::wholeRun()
 {
     co_await m_chapters;
-    QApplication::exit(m_failed ? 1 : 0);
+    m_watchdog.stop();
+    QApplication::exit(0);
 }
 
 Task DemoStage::step(QString what, QString picture, std::function<bool()> shown)
 {
-    for (int look = 0; look < kLooksBeforeFailing && !shown(); ++look)
+    bool there = shown();
+    for (int look = 0; look < kLooksBeforeFailing && !there; ++look) {
+        m_watchdog.start();
         co_await m_loop.pause(kLook);
-    report(shown(), what, picture);
-    if (!picture.isEmpty())
-        take(picture);
+        there = shown();
+    }
+    if (!picture.isEmpty() && !take(picture))
+        fail(QStringLiteral("Cannot write the picture"), picture);
+    else if (!there)
+        fail(what, picture);
+    else if (!what.isEmpty())
+        print("ok", what, picture);
+    if (!m_loop.running())
+        co_await m_loop.pendingEvents(); // and never comes back
+}
+
+Task DemoStage::waitForWindow(QString name, QString what, QString picture)
+{
+    const Condition open = [this, &name] { return isInFront(name); };
+    co_await step(what, picture, open);
+}
+
+Task DemoStage::answerBox(QString title, QString button, QString picture)
+{
+    const auto box = [this, &title]() -> QMessageBox* {
+        auto* front = qobject_cast<QMessageBox*>(&frontWindow());
+        return front != nullptr && front->windowTitle() == title ? front : nullptr;
+    };
+    const Condition open = [&] { return box() != nullptr && buttonOf(*box(), button) != nullptr; };
+    const Condition closed = [box] { return box() == nullptr; };
+    co_await step(QStringLiteral("Box '%1', answered %2").arg(title, button), picture, open);
+    later([pressed = buttonOf(*box(), button)] { pressed->click(); });
+    co_await step({}, {}, closed);
+}
+
+Task DemoStage::answerFileDialog(QString file, QString what, QString picture)
+{
+    const auto dialog = [this] { return qobject_cast<QFileDialog*>(&frontWindow()); };
+    const Condition open = [dialog] { return dialog() != nullptr; };
+    const Condition closed = [dialog] { return dialog() == nullptr; };
+    co_await step({}, {}, open);
+    control<QLineEdit>(QStringLiteral("fileNameEdit")).setText(file);
+    co_await step(what, picture, open);
+    const auto& buttons = control<QDialogButtonBox>(QStringLiteral("buttonBox"));
+    later([pressed = acceptingButton(buttons)] { pressed->click(); });
+    co_await step({}, {}, closed);
+}
+
+Task DemoStage::leaveBy(QString button)
+{
+    const QString left = frontWindow().objectName();
+    const Condition gone = [this, &left] { return !isInFront(left); };
+    press(button);
+    co_await step({}, {}, gone);
 }
 
 Task DemoStage::goOnline()
 {
-    m_window.goOnline();
-    co_await statusEndsWith("All Faults Normal");
+    later([this] { m_window.goOnline(); });
+    co_await statusEndsWith(QStringLiteral("All Faults Normal"));
 }
 
 Task DemoStage::goOffline()
 {
-    m_window.goOffline();
-    co_await statusEndsWith("OFFLINE");
+    later([this] { m_window.goOffline(); });
+    co_await statusEndsWith(QStringLiteral("OFFLINE"));
 }
 
 Task DemoStage::statusEndsWith(QString text)
 {
-    const std::function<bool()> shown = [this, &text] {
-        return control<QLabel>("STATUS").text().endsWith(text);
+    const Condition shown = [this, &text] {
+        return control<QLabel>(QStringLiteral("STATUS")).text().endsWith(text);
     };
     co_await step({}, {}, shown);
 }
@@ -83,50 +165,46 @@ void DemoStage::later(std::function<void()> action)
     QTimer::singleShot(0, &m_window, std::move(action));
 }
 
+void DemoStage::press(const QString& button)
+{
+    later([pressed = &control<QAbstractButton>(button)] { pressed->click(); });
+}
+
 void DemoStage::triggerMenu(const QString& name)
 {
     later([action = &control<QAction>(name)] { action->trigger(); });
 }
 
-Task DemoStage::answerBox(QString title, QString button, QString picture)
-{
-    const auto box = [this, &title]() -> QMessageBox* {
-        auto* front = qobject_cast<QMessageBox*>(&frontWindow());
-        return front != nullptr && front->windowTitle() == title ? front : nullptr;
-    };
-    // Named, not built inside the awaiting expressions: GCC 12 destroys such closures twice.
-    const std::function<bool()> open = [box] { return box() != nullptr; };
-    const std::function<bool()> closed = [box] { return box() == nullptr; };
-    const QString what = QStringLiteral("Box '%1', answered %2").arg(title, button);
-    co_await step(what, picture, open);
-    if (box() != nullptr && buttonOf(*box(), button) != nullptr)
-        later([pressed = buttonOf(*box(), button)] { pressed->click(); });
-    else
-        report(false, QStringLiteral("button %1").arg(button), picture);
-    co_await step({}, {}, closed);
-}
-
 QWidget& DemoStage::frontWindow() const
 {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr ? *modal : m_window;
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return *modal;
+    const auto windows = QApplication::topLevelWidgets();
+    const auto other = std::ranges::find_if(windows, [this](const QWidget* window) {
+        const bool isWindow =
+            window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
+        return window != &m_window && window->isVisible() && isWindow;
+    });
+    return other == windows.end() ? m_window : **other;
 }
 
-void DemoStage::take(const QString& picture)
+bool DemoStage::take(const QString& picture) const
 {
-    const QString file = m_pictures.filePath(picture + ".png");
-    if (!frontWindow().grab().save(file))
-        report(false, QStringLiteral("cannot write the picture"), picture);
+    return frontWindow().grab().save(m_pictures.filePath(picture + QStringLiteral(".png")));
 }
 
-void DemoStage::report(bool ok, const QString& what, const QString& picture)
+void DemoStage::fail(const QString& what, const QString& picture)
 {
-    m_failed = m_failed || !ok;
-    if (ok && what.isEmpty())
-        return;
-    const QString file = picture.isEmpty() ? QString() : QStringLiteral(" -> %1.png").arg(picture);
-    std::printf("%s: %s%s\n", ok ? "ok" : "FAILED", qPrintable(what), qPrintable(file));
-    std::fflush(stdout);
+    print("FAILED", what.isEmpty() ? QStringLiteral("a step between two pictures") : what, picture);
+    m_watchdog.stop();
+    m_loop.stop();
+    QApplication::exit(1);
+}
+
+void DemoStage::endWithout(const QString& control)
+{
+    print("FAILED", QStringLiteral("there is no control %1").arg(control), {});
+    std::_Exit(1);
 }
 
 } // namespace tambrix

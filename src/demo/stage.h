@@ -2,48 +2,59 @@
 
 #include "platform/cooperative_loop.h"
 #include "shell/main_window.h"
-#include "simulator/inprocess/built_in_controller.h"
+#include "simulator/simulated_board.h"
 
 #include <QDir>
+#include <QTimer>
 
 #include <functional>
 
 namespace tambrix {
 
 /// What the unattended demonstration plays on: the main window, the simulated controller behind
-/// it, and a folder for the pictures. Every step is printed and must show what a person would see.
+/// it, and a folder for the pictures. Every step is printed and must show what a user would see;
+/// the first that does not ends the demonstration.
 class DemoStage
 {
 public:
-    DemoStage(MainWindow& window, BuiltInController& controller, const QDir& pictures);
+    DemoStage(MainWindow& window, SimulatedBoard& board, const QDir& pictures);
 
     MainWindow& window() { return m_window; }
-    SimulatedBoard& board() { return m_controller.board(); }
-    SimulatedLine& line() { return m_controller.line(); }
+    SimulatedBoard& board() { return m_board; }
     const QDir& pictures() const { return m_pictures; }
 
-    /// Runs the demonstration; then ends the application with 0, or with 1 after a step that did
-    /// not show what it should.
+    /// Runs the demonstration; then ends the application with 0, or with 1 at a step that did not
+    /// show what it should within 8 s, or when a window that nobody expected stops everything.
     void run(Task chapters);
 
-    /// Waits (8 s at most) until `shown` holds, prints the step, and pictures the front window as
-    /// `picture`.png; an empty name takes none.
+    /// Waits until `shown` holds, prints the step, and pictures the front window as `picture`.png.
+    /// An empty text prints nothing; an empty name takes no picture.
     Task step(QString what, QString picture, std::function<bool()> shown);
+
+    /// As `step()`: waits until the window with this control name is in front.
+    Task waitForWindow(QString name, QString what, QString picture);
+
+    /// Waits for a message box with this title, pictures it and presses `button` ("Yes", "OK").
+    Task answerBox(QString title, QString button, QString picture);
+
+    /// Waits for a file dialog, types `file` (with its folder), pictures it and accepts.
+    Task answerFileDialog(QString file, QString what, QString picture);
+
+    /// Presses a button of the window in front that closes it, and waits until it is gone.
+    Task leaveBy(QString button);
 
     /// Online Data or Offline Data, and what the background poll makes of it: mode, status line
     /// and messages belong together in every picture after it.
     Task goOnline();
     Task goOffline();
 
-    /// Does something that opens a modal window or box, from an event of its own, so that the
+    /// Does something that may open a modal window or box, from an event of its own, so that the
     /// demonstration goes on while the window is open.
     void later(std::function<void()> action);
 
-    /// Triggers a menu item by its control name, as `later()` does.
+    /// Presses a button by its control name, or triggers a menu item, as `later()` does.
+    void press(const QString& button);
     void triggerMenu(const QString& name);
-
-    /// Waits for a message box with this title, pictures it and presses `button` ("Yes", "OK").
-    Task answerBox(QString title, QString button, QString picture);
 
     /// The control with this name, in the front window or in the main window; ends the program
     /// when there is none.
@@ -53,23 +64,26 @@ public:
         if (found == nullptr)
             found = m_window.findChild<Control*>(name);
         if (found == nullptr)
-            qFatal("the demonstration finds no control %s", qPrintable(name));
+            endWithout(name);
         return *found;
     }
 
-    /// The modal window in front, or the main window.
+    /// The modal window in front; or else the window that is open beside the main window; or else
+    /// the main window.
     QWidget& frontWindow() const;
+    bool isInFront(const QString& name) const { return frontWindow().objectName() == name; }
 
 private:
     Task wholeRun();
     Task statusEndsWith(QString text);
-    void take(const QString& picture);
-    void report(bool ok, const QString& what, const QString& picture);
+    bool take(const QString& picture) const;
+    void fail(const QString& what, const QString& picture);
+    [[noreturn]] static void endWithout(const QString& control);
 
     MainWindow& m_window;
-    BuiltInController& m_controller;
+    SimulatedBoard& m_board;
     QDir m_pictures;
-    bool m_failed = false;
+    QTimer m_watchdog;
     Task m_chapters;
     CooperativeLoop m_loop;
 };

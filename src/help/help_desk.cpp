@@ -47,6 +47,7 @@ HelpDesk::HelpDesk(ProgramState& state) : m_state(state)
 HelpDesk::~HelpDesk()
 {
     delete m_window;
+    delete m_missing;
 }
 
 const HelpBook& HelpDesk::book()
@@ -83,10 +84,22 @@ void HelpDesk::showPage(const QUrl& url)
         return;
     }
     m_book.reset(); // the file may be put there before the next question
-    const QString text = QStringLiteral("The help file was not found:\r\n") +
-                         QDir::toNativeSeparators(m_state.helpFile);
-    m_state.prompts.showMessage(
-        {BoxIcon::Information, BoxButtons::Ok, "Help Topics", text.toStdString()});
+    sayMissing();
+}
+
+/// Not a modal box: F1 is pressed during a transfer too, which would stand still under one.
+void HelpDesk::sayMissing()
+{
+    delete m_missing;
+    QWidget* modal = QApplication::activeModalWidget();
+    m_missing =
+        new QMessageBox(QMessageBox::Information, QStringLiteral("Help Topics"),
+                        QStringLiteral("The help file was not found:\n") +
+                            QDir::toNativeSeparators(m_state.helpFile),
+                        QMessageBox::Ok, modal != nullptr ? modal : QApplication::activeWindow());
+    m_missing->setAttribute(Qt::WA_DeleteOnClose);
+    m_missing->setModal(false);
+    m_missing->show();
 }
 
 /// A modal window lets no other window of the program be used except its own: over one, help is a

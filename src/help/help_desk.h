@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QMessageBox;
+
 namespace tambrix {
 
 /// The commands of the Help menu, and F1 everywhere in the program: it opens the topic of what has
@@ -39,11 +41,13 @@ protected:
 private:
     const HelpBook& book();
     void showPage(const QUrl& url);
+    void sayMissing();
     HelpWindow& window();
 
     ProgramState& m_state;
     std::optional<HelpBook> m_book; ///< read when it is first asked for
     QPointer<HelpWindow> m_window;
+    QPointer<QMessageBox> m_missing; ///< says that the help file is missing
 };
 
 } // namespace tambrix

@@ -129,7 +129,7 @@ bool ProgramTransfer::confirmed(const ProgramIdentity& onDisk, const ProgramIden
     const auto line = [](const char* what, const std::string& disk, const std::string& board) {
         return what + ("\t" + printable(disk)) + "\t" + printable(board) + "\r\n";
     };
-    const std::string text = line("\t", "On Disk", "In Board") + "\r\n" +
+    const std::string text = line("", "On Disk", "In Board") + "\r\n" +
                              line("  Program Ident: ", onDisk.name, inBoard.name) +
                              line("  Program Revision: ", onDisk.revision, inBoard.revision) +
                              line("  Program Checksum: ", onDisk.checksum, inBoard.checksum) +

@@ -1,5 +1,6 @@
 #include "maintenance/board_codes.h"
 
+#include "data/file_text.h"
 #include "data/link_text.h"
 #include "link/fault_text.h"
 #include "link/lenient_number.h"
@@ -32,7 +33,8 @@ QString codeText(int value)
 
 QString correctiveAction(int code)
 {
-    if (code >= 1 && code <= kLastCoCpuFault) // "peplace" has always stood there
+    // kept: "peplace" has always stood there, and the service people search for it.
+    if (code >= 1 && code <= kLastCoCpuFault)
         return QStringLiteral(
             "Replace CO-CPU board at \"CO-CPU Slot\" and try again.  "
             "If fault persists, peplace R120 processor board and try again.  "
@@ -65,7 +67,7 @@ std::optional<QString> lastTextOf(const QString& code, const QString& file)
     QString text;
     for (const TextRecord& record : *records) {
         if (sameIgnoringCase(record.code, code.toStdString()))
-            text = fromLink(record.text);
+            text = fileText(record.text);
     }
     return text;
 }

@@ -67,6 +67,11 @@ QGroupBox* CommPortDialog::makePortFrame()
     rules.title = QStringLiteral("Comm Port");
     rules.minimum = kLowestPort;
     rules.maximum = kHighestPort;
+    rules.escapeKey = [this] {
+        if (m_port->text() ==
+            QString::number(m_port->undoValue())) // nothing to undo: Escape gives the dialog up
+            reject();
+    };
     m_port = new NumericEntryField(m_state.prompts, *m_save, std::move(rules));
     m_port->setNames(QStringLiteral("txtCommPort"), QStringLiteral("updCommPort"));
     m_portList = new QListWidget;

@@ -32,18 +32,21 @@ void ProgramCommands::showTargetBoard()
     window.exec();
 }
 
+/// Whether the user goes on. A port that does not open has said so in a box of its own; the
+/// transfer will ask for ON LINE once more, before anything is sent.
 bool ProgramCommands::onlineOrSwitched()
 {
     RSComm& link = m_state.gLink;
-    if (!link.OnlineMode &&
-        m_state.prompts.showMessage({BoxIcon::Question, BoxButtons::YesNo, "Program Offline",
+    if (link.OnlineMode)
+        return true;
+    if (m_state.prompts.showMessage({BoxIcon::Question, BoxButtons::YesNo, "Program Offline",
                                      "Program is Currently OFFLINE\r\n\r\n"
-                                     "Do You Wish to Switch to ONLINE MODE to Continue?"}) ==
-            BoxAnswer::Yes) {
-        link.OnlineMode = true;
-        m_state.ApplyOnlineMode(); // a port that does not open has its own box
-    }
-    return link.OnlineMode;
+                                     "Do You Wish to Switch to ONLINE MODE to Continue?"}) !=
+        BoxAnswer::Yes)
+        return false;
+    link.OnlineMode = true;
+    m_state.ApplyOnlineMode();
+    return true;
 }
 
 bool ProgramCommands::pickProgram()

@@ -12,6 +12,7 @@ namespace {
 constexpr double kNarrowestPaper = 460; // points; the label table needs them
 constexpr double kPointsPerInch = 72;
 constexpr double kCellMargin = 4;
+constexpr double kNarrowest = 0.5; // share of its natural width that a text can still be read at
 constexpr int kTextSize = 9;
 constexpr int kTitleSize = 13;
 constexpr QColor kRule(0x90, 0x90, 0x90);
@@ -25,12 +26,20 @@ QFont textFont(int size, bool bold = false)
     return font;
 }
 
+/// A text that is too wide for its place is drawn narrower: a report cuts no value short. Only a
+/// file name may be longer than that.
 void drawText(QPainter& painter, const QRectF& place, Qt::Alignment alignment, const QString& text)
 {
-    const QString fitting =
-        QFontMetricsF(painter.font()).elidedText(text, Qt::ElideMiddle, place.width());
-    painter.drawText(place, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     fitting);
+    const QFontMetricsF metrics(painter.font());
+    const QString fitting = metrics.elidedText(text, Qt::ElideMiddle, place.width() / kNarrowest);
+    const double width = metrics.horizontalAdvance(fitting);
+    const double narrower = std::min(1.0, place.width() / std::max(width, 1.0));
+    painter.save();
+    painter.translate(place.topLeft());
+    painter.scale(narrower, 1);
+    painter.drawText(QRectF(0, 0, std::max(place.width(), width), place.height()),
+                     static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine, fitting);
+    painter.restore();
 }
 
 } // namespace

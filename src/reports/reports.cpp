@@ -3,6 +3,7 @@
 #include "reports/report_setup.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QPageLayout>
 #include <QPaintEngine>
@@ -111,8 +112,10 @@ QString Reports::proposedName() const
 void Reports::writePdf(const QString& path)
 {
     QSaveFile file(path);
+    const QString failed = QStringLiteral("The report could not be saved in\r\n%1")
+                               .arg(QDir::toNativeSeparators(path));
     if (!file.open(QIODevice::WriteOnly))
-        return sayFailed(QStringLiteral("The report could not be saved."), file.errorString());
+        return sayFailed(failed, file.errorString());
     StandbyWindow::Outcome outcome{};
     {
         QPdfWriter pdf(&file);
@@ -124,7 +127,7 @@ void Reports::writePdf(const QString& path)
     if (outcome == StandbyWindow::Outcome::Cancelled)
         return file.cancelWriting();
     if (outcome == StandbyWindow::Outcome::Failed || !file.commit())
-        sayFailed(QStringLiteral("The report could not be saved."), file.errorString());
+        sayFailed(failed, file.errorString());
 }
 
 void Reports::sayFailed(const QString& what, const QString& reason)

@@ -84,7 +84,7 @@ void MainWindow::load()
     m_files.newFile();
     showMode(m_state.gLink.OnlineMode);
     poll();
-    showScreen(0);
+    showScreen(ScreenId::MainDisplay);
     m_loaded = true;
     m_poll.start();
 }
@@ -94,16 +94,16 @@ void MainWindow::showCaption()
     setWindowTitle(kDesignedCaption + m_state.gFileNameCaption);
 }
 
-void MainWindow::showScreen(int index)
+void MainWindow::showScreen(ScreenId screen)
 {
-    const auto slot = static_cast<std::size_t>(index);
-    const bool shown = index == m_currentScreen && m_loaded;
+    const auto slot = static_cast<std::size_t>(screen);
+    const bool shown = screen == m_currentScreen && m_loaded;
     if (shown || !m_screens[slot] || m_state.gLink.isBusy()) {
         m_windowItems[static_cast<std::size_t>(m_currentScreen)]->setChecked(true);
         return;
     }
     unloadScreen();
-    m_currentScreen = index;
+    m_currentScreen = screen;
     m_windowItems[slot]->setChecked(true);
     m_screen = m_screens[slot](m_state).release();
     m_screenPlace->addWidget(m_screen, 1);

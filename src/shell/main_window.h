@@ -22,11 +22,13 @@ namespace tambrix {
 
 class StatusPanels;
 
+/// The child screens, in Window-menu order.
+enum class ScreenId { MainDisplay, SetupParameters, ShiftData, ColorControl, IoStates };
 inline constexpr int kScreens = 5;
 
 /// Makes one child screen; empty while there is none for that item of the Window menu.
 using ScreenFactory = std::function<std::unique_ptr<Screen>(ProgramState&)>;
-/// In Window-menu order: Main Display, Set-up Parameters, Shift Data, Color Control, I/O States.
+/// One factory for each `ScreenId`, in that order.
 using ScreenTable = std::array<ScreenFactory, kScreens>;
 
 /// What the menu items do whose rooms stand beside the shell. An empty command greys its item.
@@ -51,9 +53,9 @@ public:
     MainWindow(ProgramState& state, ScreenTable screens, const MenuCommands& commands);
     ~MainWindow() override;
 
-    /// Shows the child screen with this index (0 to 4), closing the one shown before.
-    void showScreen(int index);
-    int currentScreen() const { return m_currentScreen; }
+    /// Shows this child screen, closing the one shown before.
+    void showScreen(ScreenId screen);
+    ScreenId currentScreen() const { return m_currentScreen; }
 
     /// New, Open, Save and the like, and the recent files.
     FileCommands& files() { return m_files; }
@@ -92,7 +94,7 @@ private:
     QLabel* m_screenTitle;
     QVBoxLayout* m_screenPlace;
     QPointer<Screen> m_screen;
-    int m_currentScreen = 0;
+    ScreenId m_currentScreen = ScreenId::MainDisplay;
     bool m_loaded = false;
     QTimer m_poll;
     QMenu* m_fileMenu = nullptr;

@@ -139,10 +139,11 @@ void MainWindow::buildWindowMenu()
     for (int i = 0; i < kScreens; ++i) {
         const auto index = static_cast<std::size_t>(i);
         const bool built = static_cast<bool>(m_screens[index]);
+        const auto show = [this, i] { showScreen(static_cast<ScreenId>(i)); };
         QAction* item =
             addItem(*menu, {QLatin1String(kScreenCaptions[index]), arrayName("mnuWindow", i),
                             QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + i)),
-                            built ? [this, i] { showScreen(i); } : std::function<void()>(), true});
+                            built ? show : std::function<void()>(), true});
         oneOfThem->addAction(item);
         m_windowItems[index] = item;
     }

@@ -1,5 +1,7 @@
 #include "shell/qt_prompts.h"
 
+#include "shell/tabbed_text.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -88,8 +90,10 @@ BoxAnswer QtPrompts::showMessage(const OperatorBox& box)
     QMessageBox dialog(QApplication::activeWindow());
     dialog.setIcon(iconOf(box.icon));
     dialog.setWindowTitle(QString::fromStdString(box.title));
-    dialog.setTextFormat(Qt::PlainText);
-    dialog.setText(withLineBreaks(QString::fromStdString(box.text)));
+    const QString text = withLineBreaks(QString::fromStdString(box.text));
+    const bool hasColumns = text.contains(u'\t');
+    dialog.setTextFormat(hasColumns ? Qt::RichText : Qt::PlainText);
+    dialog.setText(hasColumns ? tabbedTextAsTable(text) : text);
     dialog.setStandardButtons(buttonsOf(box.buttons));
     if (box.buttons == BoxButtons::YesNo)
         dialog.setEscapeButton(QMessageBox::No);

@@ -118,7 +118,7 @@ TEST(ProgramDownload, TheConfirmationComparesDiskAndBoard)
     ASSERT_EQ(rig.person.boxes.size(), 2u);
     expectBox(rig.person.boxes[0],
               {BoxIcon::Question, BoxButtons::YesNo, "Program Download - [INK]",
-               "\t\tOn Disk\tIn Board\r\n\r\n"
+               "\tOn Disk\tIn Board\r\n\r\n"
                "  Program Ident: \tINK\tDUCTCTRL\r\n"
                "  Program Revision: \t27\t3\r\n"
                "  Program Checksum: \t10\t90\r\n"

@@ -26,7 +26,7 @@ struct DialogRig : MaintenanceRig
     }
 
     NumericEntryField& number() { return controlOf<NumericEntryField>(*dialog, "txtCommPort"); }
-    QRadioButton& speed(const char* name) { return controlOf<QRadioButton>(*dialog, name); }
+    QRadioButton& fast() { return controlOf<QRadioButton>(*dialog, "optPortSpeed(1)"); }
     QListWidget& list() { return controlOf<QListWidget>(*dialog, "lstMachinePorts"); }
     void save() { controlOf<QPushButton>(*dialog, "cmdSave").click(); }
     QByteArray settings() const { return content("Support/RSPort.cfg"); }
@@ -34,7 +34,7 @@ struct DialogRig : MaintenanceRig
 
 } // namespace
 
-TEST(CommPortDialog, ShowsTheSettingsFileAndLeavesIt)
+TEST(CommPortDialog, ShowsTheSettingsFileAndLeavesItByCancelOrOneEscape)
 {
     struct Case
     {
@@ -54,13 +54,21 @@ TEST(CommPortDialog, ShowsTheSettingsFileAndLeavesIt)
             rig.write("Support/RSPort.cfg", c.file);
         rig.show();
         EXPECT_EQ(rig.number().text(), c.port);
-        EXPECT_EQ(rig.speed("optPortSpeed(1)").isChecked(), c.fast);
-        EXPECT_EQ(rig.speed("optPortSpeed(0)").isChecked(), !c.fast);
-        controlOf<QPushButton>(*rig.dialog, "cmdCancel").click();
+        EXPECT_EQ(rig.fast().isChecked(), c.fast);
+        EXPECT_EQ(controlOf<QRadioButton>(*rig.dialog, "optPortSpeed(0)").isChecked(), !c.fast);
+        if (c.fast)
+            QTest::keyClick(&rig.number(), Qt::Key_Escape);
+        else
+            controlOf<QPushButton>(*rig.dialog, "cmdCancel").click();
         EXPECT_FALSE(rig.dialog->isVisible());
         EXPECT_EQ(rig.settings(), c.file);
-        EXPECT_TRUE(rig.person.boxes.empty());
     }
+    DialogRig rig;
+    rig.show();
+    QTest::keyClicks(&rig.number(), "17");
+    QTest::keyClick(&rig.number(), Qt::Key_Escape);
+    EXPECT_TRUE(rig.dialog->isVisible()); // what was typed is undone first
+    EXPECT_EQ(rig.number().text(), "1");
 }
 
 TEST(CommPortDialog, SavesForTheProgramAndForEveryToolThatIsThere)
@@ -70,7 +78,7 @@ TEST(CommPortDialog, SavesForTheProgramAndForEveryToolThatIsThere)
     QDir(rig.folder.path()).mkdir("PLS51");
     rig.show();
     rig.number().setText("3");
-    rig.speed("optPortSpeed(1)").setChecked(true);
+    rig.fast().setChecked(true);
     rig.save();
     EXPECT_EQ(rig.settings(), "3,19200\r\n");
     EXPECT_EQ(rig.content("FNX51/FENNIX.SFG"), "2\r\n");
@@ -104,8 +112,6 @@ TEST(CommPortDialog, ANumberOutOfRangeIsRefused)
 {
     DialogRig rig;
     rig.show();
-    rig.number().setFocus();
-    PressRig::turns(5);
     for (const char* typed : {"0", "100"}) {
         rig.person.boxes.clear();
         QTest::keyClicks(&rig.number(), typed);
@@ -113,7 +119,6 @@ TEST(CommPortDialog, ANumberOutOfRangeIsRefused)
         EXPECT_TRUE(rig.eventually([&] { return !rig.person.boxes.empty(); }));
         EXPECT_EQ(rig.person.boxes.size(), 1u);
         EXPECT_EQ(rig.lastTitle(), "Comm Port");
-        EXPECT_EQ(rig.lastText(), "Only a Number Between 1 and 99 can be Entered");
         EXPECT_EQ(rig.settings(), "");
         EXPECT_TRUE(rig.dialog->isVisible());
     }
@@ -128,7 +133,6 @@ TEST(CommPortDialog, AFileThatCannotBeWrittenIsNamedAndNothingFollows)
     rig.save();
     ASSERT_EQ(rig.person.boxes.size(), 1u);
     EXPECT_EQ(rig.person.boxes[0].icon, BoxIcon::Critical);
-    EXPECT_EQ(rig.lastTitle(), "Comm Port");
     EXPECT_NE(rig.lastText().find("RSPort.cfg"), std::string::npos);
     EXPECT_FALSE(QFile::exists(rig.folder.filePath("FNX51/FENNIX.SFG")));
     EXPECT_TRUE(rig.dialog->isVisible());
@@ -146,12 +150,13 @@ TEST(CommPortDialog, NamesThePortsOfTheMachineAsTheyComeAndGo)
                       rig.list().visualItemRect(rig.list().item(0)).center());
     EXPECT_EQ(rig.number().text(), "3");
 
+    const auto firstAfterASecond = [&rig] {
+        QTimerEvent second(1);
+        QCoreApplication::sendEvent(rig.dialog.get(), &second);
+        return rig.list().item(0)->text();
+    };
     rig.machine.clear();
-    QTimerEvent second(1);
-    QCoreApplication::sendEvent(rig.dialog.get(), &second);
-    ASSERT_EQ(rig.list().count(), 1);
-    EXPECT_EQ(rig.list().item(0)->text(), "No serial port found");
+    EXPECT_EQ(firstAfterASecond(), "No serial port found");
     rig.machine = {{"COM12", "Port of a new adapter", 12}};
-    QCoreApplication::sendEvent(rig.dialog.get(), &second);
-    EXPECT_EQ(rig.list().item(0)->text(), "12: COM12, Port of a new adapter");
+    EXPECT_EQ(firstAfterASecond(), "12: COM12, Port of a new adapter");
 }

@@ -53,7 +53,7 @@ struct ShellRig
 
     CountingScreen* showCounting()
     {
-        rig.window->showScreen(2);
+        rig.window->showScreen(ScreenId::ShiftData);
         return counting;
     }
 };
@@ -141,10 +141,10 @@ TEST(MainWindowTest, ShowsOneScreenAtATime)
     EXPECT_EQ(shell.alive, 1);
     EXPECT_TRUE(shell.rig.item("mnuWindow(2)").isChecked());
     EXPECT_FALSE(shell.rig.item("mnuWindow(0)").isChecked());
-    EXPECT_EQ(shell.showCounting(), counting); // already shown: nothing happens
-    shell.rig.window->showScreen(1);           // not there
-    EXPECT_EQ(shell.rig.window->currentScreen(), 2);
-    shell.rig.window->showScreen(0);
+    EXPECT_EQ(shell.showCounting(), counting);               // already shown: nothing happens
+    shell.rig.window->showScreen(ScreenId::SetupParameters); // not there
+    EXPECT_EQ(shell.rig.window->currentScreen(), ScreenId::ShiftData);
+    shell.rig.window->showScreen(ScreenId::MainDisplay);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(shell.alive, 0);
     EXPECT_EQ(shell.rig.window->findChildren<Screen*>().size(), 1);
@@ -179,7 +179,7 @@ TEST(ScreenTest, IsClosedInTheMiddleOfAPass)
     shell.rig.window->goOnline();
     for (int i = 0; i < 6; ++i) {
         PressRig::turns(i + 1);
-        shell.rig.window->showScreen(0);
+        shell.rig.window->showScreen(ScreenId::MainDisplay);
         const std::size_t exchanges = shell.rig.line.exchanges();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_EQ(shell.alive, 0);
@@ -203,7 +203,7 @@ TEST(ScreenTest, AndPollWaitWhileABoxIsOpenInsideAnExchange)
         ticks = 0;
         poll.setInterval(1);
         ASSERT_TRUE(PressRig::eventually([&] { return ticks > 5; }));
-        shell.rig.window->showScreen(0); // pass their turn as well
+        shell.rig.window->showScreen(ScreenId::MainDisplay); // pass their turn as well
         shell.rig.window->goOffline();
         EXPECT_FALSE(shell.rig.window->close());
         EXPECT_EQ(shell.rig.mode(), "ONLINE");
@@ -214,7 +214,7 @@ TEST(ScreenTest, AndPollWaitWhileABoxIsOpenInsideAnExchange)
     EXPECT_TRUE(PressRig::eventually([&] { return shell.rig.mode() == "OFFLINE"; }));
     EXPECT_EQ(shell.rig.person.boxes.size(), 1u);
     EXPECT_EQ(shell.rig.line.exchanges(), exchanges);
-    EXPECT_EQ(shell.rig.window->currentScreen(), 2);
+    EXPECT_EQ(shell.rig.window->currentScreen(), ScreenId::ShiftData);
 }
 
 TEST(MainWindowTest, ClosesThePortWhenItIsClosedOnLine)

@@ -200,7 +200,7 @@ TEST_F(TransferCommands, TellsWhenTheBoardGoesSilent)
 
 TEST_F(TransferCommands, PollGoesOnAndScreensRest)
 {
-    rig.window->showScreen(0);
+    rig.window->showScreen(ScreenId::MainDisplay);
     onlineQuietly();
     rig.window->backgroundPoll().setInterval(1);
     rig.board.press().raiseAlarm(2);
