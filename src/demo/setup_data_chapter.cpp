@@ -2,6 +2,7 @@
 #include "simulator/memory_map.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRadioButton>
@@ -49,7 +50,8 @@ Task uploadAndSave(DemoStage& stage)
     const QString file = stage.pictures().absoluteFilePath(kFile);
     co_await stage.answerFileDialog(file, "Save asks for a name", "save-as");
     co_await stage.step("The press is saved", "saved", [&stage] {
-        return stage.window().windowTitle() == "TAMBRIX - [" + kFile + "]";
+        return stage.window().windowTitle() == "TAMBRIX - [" + kFile + "]" &&
+               stage.control<QLabel>("STATUS").text().endsWith("All Faults Normal");
     });
 }
 

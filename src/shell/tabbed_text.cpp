@@ -8,10 +8,18 @@ namespace tambrix {
 
 namespace {
 
+const QLatin1String kBlank("&nbsp;");
+
 /// Plain text as rich text: its blanks stay where they are.
 QString escaped(const QString& text)
 {
-    return text.toHtmlEscaped().replace(u' ', QLatin1String("&nbsp;"));
+    return text.toHtmlEscaped().replace(u' ', kBlank);
+}
+
+QString paragraphOf(const QString& line)
+{
+    return QLatin1String("<div>") + (line.isEmpty() ? QString(kBlank) : line.toHtmlEscaped()) +
+           QLatin1String("</div>");
 }
 
 QString rowOf(const QString& line)
@@ -35,7 +43,7 @@ QString tabbedTextAsTable(const QString& text)
         if (line == first)
             rich += QLatin1String("<table>");
         const bool inTable = line >= first && line < last;
-        rich += inTable ? rowOf(*line) : line->toHtmlEscaped() + QLatin1String("<br>");
+        rich += inTable ? rowOf(*line) : paragraphOf(*line);
         if (line + 1 == last)
             rich += QLatin1String("</table>");
     }
