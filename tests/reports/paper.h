@@ -29,6 +29,8 @@ public:
         pages.back() += item.text() + u'|';
     }
     void drawPath(const QPainterPath& /*path*/) override {}
+    void drawPolygon(const QPointF* /*at*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
+    using QPaintEngine::drawPolygon;
     void drawPixmap(const QRectF& /*at*/, const QPixmap& /*what*/, const QRectF& /*part*/) override
     {
     }
