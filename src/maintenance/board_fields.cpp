@@ -1,14 +1,16 @@
 #include "maintenance/board_fields.h"
 
-#include "controls/named_controls.h"
+#include "controls/value_label.h"
 #include "data/link_text.h"
-#include "platform/cooperative_loop.h"
+#include "shell/link_poller.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tambrix {
 
@@ -60,8 +62,8 @@ BoardFields::BoardFields(ProgramState& state, QWidget& focusSink, std::function<
           makeButton(QStringLiteral("cmdSetToCurrTime"), QStringLiteral("Set to Current &Time"))),
       m_setDate(
           makeButton(QStringLiteral("cmdSetToCurrDate"), QStringLiteral("Set to Current &Date"))),
-      m_pcTime(makeLabel(QStringLiteral("lblCurrTime"), QStringLiteral("XX : XX : XX"))),
-      m_pcDate(makeLabel(QStringLiteral("lblCurrDate"), QStringLiteral("XX - XX - XX"))),
+      m_pcTime(new ValueLabel("lblCurrTime", "Current Time:", "XX : XX : XX")),
+      m_pcDate(new ValueLabel("lblCurrDate", "Current Date:", "XX - XX - XX")),
       m_addressPage(makeAddressPage(focusSink)),
       m_clockPage(makeClockPage(focusSink))
 {
@@ -160,18 +162,11 @@ void BoardFields::prepare(int boardType)
     enableClock(m_hasClock);
 }
 
-void BoardFields::showOnline()
+void BoardFields::showMode(bool online)
 {
-    enableField(0, true);
-    enableField(kSecondAddress, m_hasSecondAddress);
-    enableClock(m_hasClock);
-}
-
-void BoardFields::showOffline()
-{
-    enableField(0, false);
-    enableField(kSecondAddress, false);
-    enableClock(false);
+    enableField(0, online);
+    enableField(kSecondAddress, online && m_hasSecondAddress);
+    enableClock(online && m_hasClock);
 }
 
 void BoardFields::enableField(std::size_t index, bool enabled)
@@ -192,25 +187,25 @@ void BoardFields::enableClock(bool enabled)
     m_setDate->setEnabled(enabled);
 }
 
-Task BoardFields::refresh(CooperativeLoop& loop)
+Task BoardFields::refresh(LinkPoller& poller)
 {
-    RSComm& link = m_state.gLink;
-    for (std::size_t index = 0; index < kFields; ++index) {
-        co_await loop.pendingEvents();
-        if (!link.OnlineMode)
-            co_return;
-        const QString value = fromLink(link.RSRead(kTable[index].reg));
-        if (link.CommError)
-            co_return;
-        if (m_fields[index]->isEnabled())
-            m_fields[index]->showValue(twoDigits(value));
-    }
+    static const auto kRegisters = [] {
+        std::array<std::string, kFields> registers;
+        std::ranges::transform(kTable, registers.begin(), &Field::reg);
+        return registers;
+    }();
+    return poller.readRegisters(
+        kRegisters, [this] { return m_state.canReachBoard(); },
+        [this](std::size_t index, const QString& value) {
+            if (m_fields[index]->isEnabled())
+                m_fields[index]->showValue(twoDigits(value));
+        });
 }
 
 void BoardFields::showPcClock(const QDateTime& now)
 {
-    m_pcTime->setText(now.toString(QStringLiteral("HH : mm : ss")));
-    m_pcDate->setText(now.toString(QStringLiteral("MM - dd - yyyy")));
+    m_pcTime->setValue(now.toString(QStringLiteral("HH : mm : ss")));
+    m_pcDate->setValue(now.toString(QStringLiteral("MM - dd - yyyy")));
 }
 
 void BoardFields::write(std::size_t index, const QString& text)

@@ -18,10 +18,11 @@ class QPushButton;
 
 namespace tambrix {
 
-class CooperativeLoop;
+class LinkPoller;
+class ValueLabel;
 
-/// The eight numeric fields of the target board window and the two tabs that they stand on:
-/// network addresses, and clock and calendar.
+/// The eight numeric fields of the target board window and the two tabs that they stand on: network
+/// addresses, and clock and calendar.
 class BoardFields : public QObject
 {
     Q_OBJECT
@@ -38,12 +39,11 @@ public:
     /// Shows what boards of this type have, all of it disabled but the clock's fields.
     void prepare(int boardType);
 
-    /// Enables what the board has, or greys everything.
-    void showOnline();
-    void showOffline();
+    /// On line: enables what the board has. Off line: greys everything.
+    void showMode(bool online);
 
-    /// Reads all registers once, in turns of `loop`; a field that is being edited is left alone.
-    Task refresh(CooperativeLoop& loop);
+    /// Reads all registers once, in turns of `poller`; a field that is being edited is left alone.
+    Task refresh(LinkPoller& poller);
 
     /// Shows the PC's time and date.
     void showPcClock(const QDateTime& now);
@@ -67,8 +67,8 @@ private:
     std::array<QGroupBox*, 2> m_clockFrames{};
     QPushButton* m_setTime;
     QPushButton* m_setDate;
-    QLabel* m_pcTime;
-    QLabel* m_pcDate;
+    ValueLabel* m_pcTime;
+    ValueLabel* m_pcDate;
     bool m_hasClock = false;
     bool m_hasSecondAddress = false;
     QWidget* m_addressPage;

@@ -3,7 +3,7 @@
 #include "controls/named_controls.h"
 #include "link/lenient_number.h"
 #include "maintenance/board_codes.h"
-#include "platform/cooperative_loop.h"
+#include "shell/link_poller.h"
 
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -27,6 +27,7 @@ constexpr std::size_t kLastError = 5;
 constexpr std::array kRegisters = {"B8176", "B8177", "B8175", "B8177", "B8179", "B8178"};
 constexpr std::array kCaptions = {"Current Fault:",     "Last Fault:",         "CO-CPU Slot:",
                                   "Corrective Action:", "Current Comm Error:", "Last Comm Error:"};
+constexpr int kReadTries = 3;
 constexpr std::array kTextLines = {2, 2, 0, 4, 2, 2};
 
 const QString kCannotCommunicate = QStringLiteral("Cannot Communicate with Target Board.");
@@ -108,30 +109,40 @@ void FaultPage::enableReset(bool enabled)
     m_reset->setEnabled(enabled);
 }
 
-Task FaultPage::refresh(CooperativeLoop& loop)
+Task FaultPage::refresh(LinkPoller& poller)
 {
     m_reset->setEnabled(false);
-    if (m_boxes[kCurrentFault]->toPlainText() == kCannotCommunicate)
-        m_boxes[kCurrentFault]->clear();
     for (std::size_t index = 0; index < m_codes.size(); ++index) {
-        co_await loop.pendingEvents();
+        co_await poller.pendingEvents();
         m_codes[index] = readCode(index);
     }
     showCodes();
     showTexts({kCurrentFault, kLastFault}, "FaultErrCodes.txt");
-    if (m_slotShown && !m_state.gLink.CommError)
-        showSlotNumber(std::stoi(m_state.gLink.RSRead(kRegisters[kSlot])));
+    if (const auto slot = m_slotShown ? readRegister(kSlot) : std::nullopt)
+        showSlotNumber(*slot);
     m_boxes[kAction]->setPlainText(correctiveAction(hexValue(m_codes[kAction])));
     showTexts({kCurrentError, kLastError}, "CommErrCodes.txt");
 }
 
-/// The code as text. One that reads as a decimal number above 0 makes the reset available; a code
-/// that begins with a letter, or with 0 and a letter, does not.
+/// A read that a disturbance spoiled is no code 00: it is repeated, and stands for a broken link
+/// where that does not help.
+std::optional<int> FaultPage::readRegister(std::size_t index)
+{
+    for (int tries = 0; tries < kReadTries && m_state.canReachBoard(); ++tries) {
+        const std::string value = m_state.gLink.RSRead(kRegisters[index]);
+        if (m_state.gLink.readSucceeded())
+            return std::stoi(value);
+    }
+    return std::nullopt;
+}
+
+/// The code as text.
+/// kept: one that reads as a decimal number above 0 makes the reset available; a code that begins
+/// with a letter, or with 0 and a letter, does not. So it has always been on this controller.
 QString FaultPage::readCode(std::size_t index)
 {
-    RSComm& link = m_state.gLink;
-    const std::string value = link.CommError ? std::string() : link.RSRead(kRegisters[index]);
-    const QString code = link.CommError ? kBrokenLinkCode : codeText(std::stoi(value));
+    const auto value = readRegister(index);
+    const QString code = value ? codeText(*value) : kBrokenLinkCode;
     if (index != kSlot && leadingDecimal(code.toStdString()) > 0)
         m_reset->setEnabled(true);
     return code;
@@ -139,13 +150,9 @@ QString FaultPage::readCode(std::size_t index)
 
 void FaultPage::showCodes()
 {
-    for (const std::size_t index : {kCurrentFault, kLastFault, kCurrentError, kLastError}) {
-        m_labels[index]->setEnabled(true);
+    for (const std::size_t index : {kCurrentFault, kLastFault, kCurrentError, kLastError})
         m_labels[index]->setText(QLatin1String(kCaptions[index]) + " Code = " + m_codes[index] +
                                  u'H');
-    }
-    m_labels[kAction]->setEnabled(true);
-    m_labels[kSlot]->setEnabled(true);
     showSlotNumber(hexValue(m_codes[kSlot]));
 }
 
@@ -163,12 +170,15 @@ void FaultPage::showTexts(std::initializer_list<std::size_t> boxes, const char* 
     }
 }
 
-void FaultPage::showOffline()
+void FaultPage::showMode(bool online)
 {
     m_reset->setEnabled(false);
     for (QLabel* label : m_labels)
-        label->setEnabled(false);
-    m_boxes[kCurrentFault]->setPlainText(kCannotCommunicate);
+        label->setEnabled(online);
+    if (!online)
+        m_boxes[kCurrentFault]->setPlainText(kCannotCommunicate);
+    else if (m_boxes[kCurrentFault]->toPlainText() == kCannotCommunicate)
+        m_boxes[kCurrentFault]->clear();
 }
 
 } // namespace tambrix

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 class QLabel;
 class QPlainTextEdit;
@@ -15,7 +16,7 @@ class QVBoxLayout;
 
 namespace tambrix {
 
-class CooperativeLoop;
+class LinkPoller;
 
 /// The tab with the board's fault and network error codes, their texts and what to do.
 class FaultPage : public QWidget
@@ -29,12 +30,12 @@ public:
     /// Whether the CO-CPU slot is shown: on boards that have co-processors.
     void showSlot(bool shown);
 
-    /// Reads the six codes, in turns of `loop`, and shows them with their texts. A link that is
+    /// Reads the six codes, in turns of `poller`, and shows them with their texts. A link that is
     /// broken, or breaks meanwhile, shows as the cable-check code.
-    Task refresh(CooperativeLoop& loop);
+    Task refresh(LinkPoller& poller);
 
-    /// Says that the board cannot be reached.
-    void showOffline();
+    /// Off line: says that the board cannot be reached.
+    void showMode(bool online);
 
     /// Reset Faults is available where there is something to reset.
     void enableReset(bool enabled);
@@ -45,6 +46,7 @@ private:
     QWidget* makeFaults();
     QWidget* makeNetworkErrors();
     void addCode(QVBoxLayout& layout, std::size_t index);
+    std::optional<int> readRegister(std::size_t index);
     QString readCode(std::size_t index);
     void showCodes();
     void showTexts(std::initializer_list<std::size_t> boxes, const char* file);

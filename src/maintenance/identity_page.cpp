@@ -1,15 +1,14 @@
 #include "maintenance/identity_page.h"
 
-#include "controls/named_controls.h"
+#include "controls/value_label.h"
 #include "data/link_text.h"
 #include "data/program_file_name.h"
-#include "platform/cooperative_loop.h"
+#include "shell/link_poller.h"
 
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLocale>
 
 #include <span>
@@ -18,10 +17,8 @@ namespace tambrix {
 
 namespace {
 
-constexpr int kFirstRegister = 61424; // eight characters of the name, checksum, revision
-constexpr int kNameLength = 8;
-constexpr int kChecksumIndex = 8;
-constexpr int kRegisters = 10;
+constexpr std::size_t kFirstRegister = 61424; // characters of the name, checksum, revision
+constexpr std::size_t kNameLength = 8;
 
 // Rows, in both frames.
 constexpr std::size_t kName = 0;
@@ -33,14 +30,16 @@ constexpr std::size_t kDate = 4;
 constexpr std::array kCaptions = {"Name:", "Revision:", "Checksum:", "Target Board:", "Rev Date:"};
 
 QGroupBox* makeSide(const char* frame, const char* caption, const char* name,
-                    std::span<QLabel*> labels)
+                    std::span<ValueLabel*> labels)
 {
     QGroupBox* group = makeFrame(QLatin1String(frame), QLatin1String(caption));
     auto* form = new QFormLayout(group);
     form->setHorizontalSpacing(16);
     form->setVerticalSpacing(12);
     for (std::size_t row = 0; row < labels.size(); ++row) {
-        labels[row] = makeLabel(arrayName(name, static_cast<int>(row)), QStringLiteral("-"));
+        const QString what =
+            spokenText(QLatin1String(caption)) + u' ' + QLatin1String(kCaptions[row]);
+        labels[row] = new ValueLabel(arrayName(name, static_cast<int>(row)), what, "-");
         labels[row]->setTextInteractionFlags(Qt::TextSelectableByMouse);
         form->addRow(QLatin1String(kCaptions[row]), labels[row]);
     }
@@ -74,48 +73,44 @@ void IdentityPage::showDisk(const QString& programFile, int boardType)
             ? readRevisionFile(QFileInfo(revisionFile).filesystemAbsoluteFilePath())
             : std::nullopt;
     const ProgramIdentity shown = identity.value_or(ProgramIdentity{"-", "0", "0"});
-    m_onDisk[kName]->setText(fromLink(printable(shown.name)));
-    m_onDisk[kRevision]->setText(fromLink(shown.revision));
-    m_onDisk[kChecksum]->setText(fromLink(shown.checksum));
-    m_onDisk[kBoard]->setText(
+    m_onDisk[kName]->setValue(fromLink(printable(shown.name)));
+    m_onDisk[kRevision]->setValue(fromLink(shown.revision));
+    m_onDisk[kChecksum]->setValue(fromLink(shown.checksum));
+    m_onDisk[kBoard]->setValue(
         fromLink(m_state.gLink.TargetboardName(static_cast<std::int16_t>(boardType))));
-    m_onDisk[kDate]->setText(fileDate(ChangeExtension(programFile, QStringLiteral("hex"))));
+    m_onDisk[kDate]->setValue(fileDate(ChangeExtension(programFile, QStringLiteral("hex"))));
 }
 
-Task IdentityPage::refresh(CooperativeLoop& loop)
+Task IdentityPage::refresh(LinkPoller& poller)
 {
-    enableBoardSide(true);
-    for (int index = 0; index < kRegisters; ++index) {
-        co_await loop.pendingEvents();
-        if (m_state.gLink.CommError)
-            co_return;
-        const std::string value =
-            m_state.gLink.RSRead("B" + std::to_string(kFirstRegister + index));
-        if (!m_state.gLink.CommError)
-            showRegister(index, std::stoi(value));
-    }
+    static const auto kRegisters = [] {
+        std::array<std::string, kNameLength + 2> registers;
+        for (std::size_t i = 0; i < registers.size(); ++i)
+            registers[i] = "B" + std::to_string(kFirstRegister + i);
+        return registers;
+    }();
+    return poller.readRegisters(
+        kRegisters, [this] { return m_state.canReachBoard(); },
+        [this](std::size_t index, const QString& value) { showRegister(index, value); });
 }
 
-void IdentityPage::showRegister(int index, int value)
+void IdentityPage::showRegister(std::size_t index, const QString& value)
 {
     if (index < kNameLength) {
-        const QString name = index == 0 ? QString() : m_inBoard[kName]->text();
-        const std::string character(1, static_cast<char>(value));
-        m_inBoard[kName]->setText(name + fromLink(printable(character)));
+        // a character that could not be read leaves its place blank
+        const QString name =
+            m_inBoard[kName]->text().leftJustified(static_cast<qsizetype>(index), u' ', true);
+        const std::string character(1, static_cast<char>(value.toInt()));
+        m_inBoard[kName]->setValue(name + fromLink(printable(character)));
     } else {
-        m_inBoard[index == kChecksumIndex ? kChecksum : kRevision]->setNum(value);
+        m_inBoard[index == kNameLength ? kChecksum : kRevision]->setValue(value);
     }
 }
 
-void IdentityPage::showOffline()
+void IdentityPage::showMode(bool online)
 {
-    enableBoardSide(false);
-}
-
-void IdentityPage::enableBoardSide(bool enabled)
-{
-    for (QLabel* label : m_inBoard)
-        label->setEnabled(enabled);
+    for (ValueLabel* label : m_inBoard)
+        label->setEnabled(online);
 }
 
 } // namespace tambrix

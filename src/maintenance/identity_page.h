@@ -8,11 +8,11 @@
 #include <array>
 
 class QGroupBox;
-class QLabel;
 
 namespace tambrix {
 
-class CooperativeLoop;
+class LinkPoller;
+class ValueLabel;
 
 /// The tab that holds the identity of the program in the board against that of the file on disk.
 class IdentityPage : public QWidget
@@ -25,21 +25,22 @@ public:
     /// Shows what the companions of the program file say; `boardType` is the file's type code.
     void showDisk(const QString& programFile, int boardType);
 
-    /// Reads name, checksum and revision from the board, in turns of `loop`, while the link works.
-    Task refresh(CooperativeLoop& loop);
+    /// Reads name, checksum and revision from the board, in turns of `poller`, while the link
+    /// works.
+    Task refresh(LinkPoller& poller);
 
-    void showOffline();
+    /// Off line: greys the board's side.
+    void showMode(bool online);
 
 private:
     static constexpr std::size_t kBoardSide = 3;
     static constexpr std::size_t kDiskSide = 5;
 
-    void showRegister(int index, int value);
-    void enableBoardSide(bool enabled);
+    void showRegister(std::size_t index, const QString& value);
 
     ProgramState& m_state;
-    std::array<QLabel*, kBoardSide> m_inBoard{};
-    std::array<QLabel*, kDiskSide> m_onDisk{};
+    std::array<ValueLabel*, kBoardSide> m_inBoard{};
+    std::array<ValueLabel*, kDiskSide> m_onDisk{};
 };
 
 } // namespace tambrix

@@ -7,7 +7,6 @@
 #include "maintenance/fault_page.h"
 #include "maintenance/identity_page.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QTabWidget>
@@ -15,12 +14,8 @@
 
 namespace tambrix {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-/// Off line only the PC's clock moves.
-constexpr auto kOfflineTurn = 100ms;
 constexpr int kBoardR120 = 50;
 constexpr QSize kWindowSize(680, 560);
 
@@ -37,7 +32,7 @@ TargetBoardWindow::TargetBoardWindow(ProgramState& state, QWidget* parent,
       m_faults(new FaultPage(state, [this] { resetFaults(); })),
       m_identity(new IdentityPage(state)),
       m_fields(new BoardFields(state, *m_ok, m_now)),
-      m_loop([this] { return mayRun(); })
+      m_poller(state, *this, *this)
 {
     setObjectName(QStringLiteral("frmTargetBoard"));
     setWindowTitle(QStringLiteral("Target Board Interface"));
@@ -92,69 +87,45 @@ void TargetBoardWindow::InitializeForm(const QString& programFile)
 void TargetBoardWindow::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    if (m_loop.running()) // back from being minimised
+    if (m_poller.running()) // back from being minimised
         return;
     CenterForm(*this);
     m_tabs->setCurrentIndex(0);
-    m_loop.start(pollLoop());
+    m_poller.start();
 }
 
 void TargetBoardWindow::done(int result)
 {
-    m_loop.stop();
+    m_poller.stop();
     QDialog::done(result);
 }
 
-Task TargetBoardWindow::pollLoop()
+void TargetBoardWindow::showMode(bool online)
 {
-    RSComm& link = m_state.gLink;
-    m_firstPassDone = false;
-    m_offlineShown = false;
-    for (;;) {
-        co_await m_loop.pendingEvents();
-        m_fields->showPcClock(m_now());
-        if (link.CommError && (link.OnlineMode || m_firstPassDone))
-            dropOffline();
-        if (!link.OnlineMode) {
-            showOffline();
-            co_await m_loop.pause(kOfflineTurn);
-            continue;
-        }
-        if (!m_firstPassDone)
-            co_await firstPass();
-        m_offlineShown = false;
-        co_await m_fields->refresh(m_loop);
-    }
+    if (!online)
+        m_goOnline->show();
+    m_faults->showMode(online);
+    m_identity->showMode(online);
+    m_fields->showMode(online);
+}
+
+void TargetBoardWindow::everyTurn()
+{
+    m_fields->showPcClock(m_now());
 }
 
 /// What is read once in every on-line period: faults and identity.
-Task TargetBoardWindow::firstPass()
+Task TargetBoardWindow::enterOnline()
 {
-    m_fields->showOnline();
-    co_await m_faults->refresh(m_loop);
-    co_await m_identity->refresh(m_loop);
-    if (!m_state.gLink.CommError)
+    co_await m_faults->refresh(m_poller);
+    co_await m_identity->refresh(m_poller);
+    if (m_state.canReachBoard())
         m_goOnline->hide();
-    m_firstPassDone = true;
 }
 
-void TargetBoardWindow::dropOffline()
+Task TargetBoardWindow::onlinePass()
 {
-    m_state.gLink.OnlineMode = false;
-    m_firstPassDone = false;
-    m_state.ApplyOnlineMode();
-}
-
-void TargetBoardWindow::showOffline()
-{
-    m_firstPassDone = false;
-    if (m_offlineShown)
-        return;
-    m_goOnline->show();
-    m_faults->showOffline();
-    m_identity->showOffline();
-    m_fields->showOffline();
-    m_offlineShown = true;
+    return m_fields->refresh(m_poller);
 }
 
 void TargetBoardWindow::goOnline()
@@ -182,13 +153,7 @@ void TargetBoardWindow::resetFaults()
         if (!link.CommError)
             link.RSWrite(reg, "0");
     }
-    m_loop.start(pollLoop()); // reads everything afresh, or shows that the board is gone
-}
-
-bool TargetBoardWindow::mayRun() const
-{
-    const QWidget* modal = QApplication::activeModalWidget();
-    return !m_state.gLink.isBusy() && (modal == nullptr || modal == this);
+    m_poller.start(); // reads everything afresh, or shows that the board is gone
 }
 
 } // namespace tambrix

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/cooperative_loop.h"
+#include "shell/link_poller.h"
 #include "shell/program_state.h"
 
 #include <QDateTime>
@@ -18,8 +18,8 @@ class FaultPage;
 class IdentityPage;
 
 /// The service engineer's view of the controller itself: network addresses, fault codes, program
-/// identity, clock. Modal; its loop refreshes it as long as it is in front.
-class TargetBoardWindow : public QDialog
+/// identity, clock. Modal; a LinkPoller refreshes it as long as it is in front.
+class TargetBoardWindow : public QDialog, private PolledView
 {
     Q_OBJECT
 
@@ -30,8 +30,8 @@ public:
         std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); });
     ~TargetBoardWindow() override;
 
-    /// Describes the program file on disk, and fits the tabs to the type of board it is for. To
-    /// be called before the window is shown.
+    /// Describes the program file on disk, and fits the tabs to the type of board it is for. To be
+    /// called before the window is shown.
     void InitializeForm(const QString& programFile);
 
     void done(int result) override;
@@ -42,13 +42,12 @@ protected:
 private:
     void buildTabs();
     void buildButtons();
-    Task pollLoop();
-    Task firstPass();
-    void dropOffline();
-    void showOffline();
+    void showMode(bool online) override;
+    void everyTurn() override;
+    Task enterOnline() override;
+    Task onlinePass() override;
     void goOnline();
     void resetFaults();
-    bool mayRun() const;
 
     ProgramState& m_state;
     std::function<QDateTime()> m_now;
@@ -58,9 +57,7 @@ private:
     FaultPage* m_faults;
     IdentityPage* m_identity;
     BoardFields* m_fields;
-    bool m_firstPassDone = false;
-    bool m_offlineShown = false;
-    CooperativeLoop m_loop; // last: its frames are gone before anything that they use
+    LinkPoller m_poller; // last: its frames are gone before anything that they use
 };
 
 } // namespace tambrix

@@ -31,7 +31,8 @@ TEST(BoardCodes, TheLastMatchingRecordWinsInUtf8OrAsWindowsWritesIt)
     EXPECT_EQ(textOf0A("0A,first\r\n1F,other\r\n0a,\"last, at last\"\r\n"), "last, at last");
     EXPECT_EQ(textOf0A("0B,other"), QString());
     EXPECT_EQ(textOf0A("0A,30 \xC2\xB0 \xE2\x82\xAC"), QStringLiteral(u"30 \u00B0 \u20AC"));
-    EXPECT_EQ(textOf0A("0A,30 \xB0 \x80 \x9F \x81"), QStringLiteral(u"30 \u00B0 \u20AC \u0178 \u0081"));
+    EXPECT_EQ(textOf0A("0A,30 \xB0 \x80 \x9F \x81"),
+              QStringLiteral(u"30 \u00B0 \u20AC \u0178 \u0081"));
     EXPECT_EQ(lastTextOf("0A", rig.folder.filePath("no such file")), std::nullopt);
 }
 

@@ -25,10 +25,10 @@ struct DialogRig : MaintenanceRig
         turns(3);
     }
 
-    NumericEntryField& number() { return controlOf<NumericEntryField>(*dialog, "txtCommPort"); }
-    QRadioButton& fast() { return controlOf<QRadioButton>(*dialog, "optPortSpeed(1)"); }
-    QListWidget& list() { return controlOf<QListWidget>(*dialog, "lstMachinePorts"); }
-    void save() { controlOf<QPushButton>(*dialog, "cmdSave").click(); }
+    NumericEntryField& number() { return controlNamed<NumericEntryField>(*dialog, "txtCommPort"); }
+    QRadioButton& fast() { return controlNamed<QRadioButton>(*dialog, "optPortSpeed(1)"); }
+    QListWidget& list() { return controlNamed<QListWidget>(*dialog, "lstMachinePorts"); }
+    void save() { controlNamed<QPushButton>(*dialog, "cmdSave").click(); }
     QByteArray settings() const { return content("Support/RSPort.cfg"); }
 };
 
@@ -55,11 +55,11 @@ TEST(CommPortDialog, ShowsTheSettingsFileAndLeavesItByCancelOrOneEscape)
         rig.show();
         EXPECT_EQ(rig.number().text(), c.port);
         EXPECT_EQ(rig.fast().isChecked(), c.fast);
-        EXPECT_EQ(controlOf<QRadioButton>(*rig.dialog, "optPortSpeed(0)").isChecked(), !c.fast);
+        EXPECT_EQ(controlNamed<QRadioButton>(*rig.dialog, "optPortSpeed(0)").isChecked(), !c.fast);
         if (c.fast)
             QTest::keyClick(&rig.number(), Qt::Key_Escape);
         else
-            controlOf<QPushButton>(*rig.dialog, "cmdCancel").click();
+            controlNamed<QPushButton>(*rig.dialog, "cmdCancel").click();
         EXPECT_FALSE(rig.dialog->isVisible());
         EXPECT_EQ(rig.settings(), c.file);
     }

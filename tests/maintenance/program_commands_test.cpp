@@ -120,9 +120,9 @@ TEST(ProgramDownloadWindow, ShowsWhereTheTransferStandsAndCannotBeClosed)
     rig.state.gLink.DownloadFile(QFileInfo(file).filesystemAbsoluteFilePath());
     rig.person.answers = {BoxAnswer::Yes};
     ProgramDownloadWindow window(rig.state);
-    auto& label = controlOf<QLabel>(window, "lblWaitDisplay");
+    auto& label = controlNamed<QLabel>(window, "lblWaitDisplay");
     EXPECT_EQ(label.text(), "Sending Program at Address: 0000H");
-    auto& timer = controlOf<QTimer>(window, "Timer1");
+    auto& timer = controlNamed<QTimer>(window, "Timer1");
     QStringList progress;
     rig.line.setTap([&](const WireByte&) {
         window.reject();
@@ -145,8 +145,8 @@ TEST(TargetBoardCommand, OpensTheWindowForThePickedFileAlsoOffLine)
         QWidget* window = QApplication::activeModalWidget();
         ASSERT_NE(window, nullptr);
         EXPECT_EQ(window->objectName(), "frmTargetBoard");
-        EXPECT_EQ(controlOf<QLabel>(*window, "lblRevIdentOnDisk(0)").text(), "DUCTCTR2");
-        controlOf<QPushButton>(*window, "cmdOk").click();
+        EXPECT_EQ(controlNamed<QLabel>(*window, "lblRevIdentOnDisk(0)").text(), "DUCTCTR2");
+        controlNamed<QPushButton>(*window, "cmdOk").click();
     });
     rig.commands.showTargetBoard();
     EXPECT_TRUE(rig.person.boxes.empty());

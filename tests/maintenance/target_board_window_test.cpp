@@ -49,11 +49,11 @@ struct BoardRig : MaintenanceRig
         return eventually([this] { return inBoard(1) == "3" && field(0) == "01"; });
     }
 
-    QLabel& label(const char* name) { return controlOf<QLabel>(*window, name); }
-    QPushButton& button(const char* name) { return controlOf<QPushButton>(*window, name); }
+    QLabel& label(const char* name) { return controlNamed<QLabel>(*window, name); }
+    QPushButton& button(const char* name) { return controlNamed<QPushButton>(*window, name); }
     template <typename Control> Control& nth(const char* name, int index)
     {
-        return controlOf<Control>(*window, qPrintable(arrayName(name, index)));
+        return controlNamed<Control>(*window, qPrintable(arrayName(name, index)));
     }
     QString code(int index) { return nth<QLabel>("lblTargetBoard", index).text(); }
     QString text(int index) { return nth<QPlainTextEdit>("txtTargetBoard", index).toPlainText(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/sample_program.h"
+#include "tests/support/control_named.h"
 #include "tests/support/press_rig.h"
 
 #include <QDir>
@@ -46,14 +47,5 @@ struct MaintenanceRig : PressRig
     std::string lastText() const { return person.boxes.empty() ? "" : person.boxes.back().text; }
     std::string lastTitle() const { return person.boxes.empty() ? "" : person.boxes.back().title; }
 };
-
-/// The control with this name in a window.
-template <typename Control> Control& controlOf(const QWidget& window, const char* name)
-{
-    auto* found = window.findChild<Control*>(QLatin1String(name));
-    if (found == nullptr)
-        throw std::runtime_error(std::string("no control ") + name);
-    return *found;
-}
 
 } // namespace tambrix
