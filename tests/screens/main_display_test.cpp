@@ -58,8 +58,8 @@ TEST(MainDisplayTest, EverySpeedFitsOnEveryShowing)
         EXPECT_TRUE(PressRig::eventually([&] { return fits(speed); })) << speed;
     }
     rig.board.pokeWord(112, 65535);
-    rig.window->showScreen(1);
-    rig.window->showScreen(0);
+    rig.window->showScreen(ScreenId::SetupParameters);
+    rig.window->showScreen(ScreenId::MainDisplay);
     EXPECT_TRUE(PressRig::eventually([&] { return fits("65535"); }));
     EXPECT_EQ(rig.control<QLabel>("lblDisplay").accessibleName(), "Machine CPM: 65535");
 }
