@@ -4,6 +4,7 @@
 #include "data/parameters.h"
 #include "shell/file_drop.h"
 #include "shell/status_panels.h"
+#include "shell/window_below.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -59,6 +60,7 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
             [this] { setOnline(!m_state.gLink.OnlineMode); });
     connect(&m_files, &FileCommands::captionChanged, this, &MainWindow::showCaption);
     connect(&m_files.recent(), &RecentFiles::changed, this, &MainWindow::showRecentFiles);
+    new WindowBelow(*this);
     new FileDrop(*this, [this](const QString& file) { m_files.openFile(file); });
     connect(&m_state, &ProgramState::onlineModeApplied, this, &MainWindow::showMode);
     m_poll.setObjectName(QStringLiteral("tmrBackgroungUpdate"));

@@ -1,0 +1,50 @@
+#include "shell/window_below.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QTimer>
+
+namespace tambrix {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// At once, and again when the window system has done its own part.
+constexpr std::chrono::milliseconds kMoments[] = {0ms, 200ms};
+
+bool isActiveDialog(const QObject& object)
+{
+    const auto* widget = qobject_cast<const QWidget*>(&object);
+    return widget != nullptr && widget->windowType() == Qt::Dialog && widget->isActiveWindow();
+}
+
+} // namespace
+
+WindowBelow::WindowBelow(QWidget& mainWindow) : QObject(&mainWindow), m_mainWindow(mainWindow)
+{
+    qApp->installEventFilter(this);
+}
+
+/// A dialog without the keyboard takes none away: the user may be working in another program.
+bool WindowBelow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Hide && isActiveDialog(*watched)) {
+        for (const auto moment : kMoments)
+            QTimer::singleShot(moment, this, &WindowBelow::activate);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void WindowBelow::activate()
+{
+    const QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && active->isVisible())
+        return;
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget& below = modal != nullptr ? *modal : m_mainWindow;
+    if (below.isVisible() && !below.isMinimized())
+        below.activateWindow();
+}
+
+} // namespace tambrix
