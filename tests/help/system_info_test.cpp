@@ -41,7 +41,6 @@ TEST(SystemInfoTool, IsFoundThroughTheRegistry)
 TEST(SystemInformation, TellsSettingsAndFoldersAndTouchesNone)
 {
     PressRig rig;
-    rig.state.helpFile = rig.folder.filePath("Help/TMBRX.hlp");
     const auto fact = [&](const QString& name) {
         for (const SystemFact& found : systemInformation(rig.state)) {
             if (found.name.startsWith(name))
@@ -51,13 +50,11 @@ TEST(SystemInformation, TellsSettingsAndFoldersAndTouchesNone)
     };
     EXPECT_EQ(fact("RSPort.cfg"), "none found");
     EXPECT_TRUE(fact("Support folder").endsWith("Support (missing)"));
-    EXPECT_TRUE(fact("Help file").endsWith("(missing)"));
     EXPECT_EQ(fact("Mode"), "OFFLINE");
     EXPECT_FALSE(QDir(rig.folder.filePath("Support")).exists());
 
     rig.goOnline(); // writes the settings file
     EXPECT_EQ(fact("RSPort.cfg"), "1,9600");
-    EXPECT_TRUE(fact("Support folder").endsWith("Support"));
     EXPECT_EQ(fact("Mode"), "ONLINE");
 }
 
@@ -66,14 +63,4 @@ TEST(SystemInfoWindowTest, CopyTakesEveryLine)
     SystemInfoWindow window({{"Program", "TAMBRIX"}, {"Mode", "ONLINE"}});
     window.findChild<QPushButton*>("cmdSysInfoCopy")->click();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "Program: TAMBRIX\nMode: ONLINE\n");
-}
-
-TEST(AboutBoxTest, ShowsTheVersion)
-{
-    const PressRig rig;
-    const AboutBox about(rig.state);
-    EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(), QStringLiteral("Version %1.%2.%3")
-                                                                  .arg(kVersionMajor)
-                                                                  .arg(kVersionMinor)
-                                                                  .arg(kVersionRevision));
 }

@@ -65,40 +65,37 @@ TEST(DownloadProgram, LoadsThePickedProgramOnLine)
 
 TEST(DownloadProgram, EveryRefusalEndsIt)
 {
+    constexpr auto kYes = BoxAnswer::Yes;
     struct Refusal
     {
-        const char* name;
-        bool online;
-        std::deque<BoxAnswer> answers;
-        char boardType;     ///< of the program that is picked; 0: none is
-        const char* titles; ///< of the boxes
+        bool online, powered;
+        std::deque<BoxAnswer> answers; ///< then No and Cancel
+        char boardType;                ///< of the program that is picked; 0: none is
+        const char* titles;            ///< of the boxes
     };
     const Refusal refusals[] = {
-        {"stays off line", false, {BoxAnswer::No}, 'D', "Program Offline;"},
-        {"file dialog cancelled", true, {}, 0, ""},
-        {"not this program", true, {BoxAnswer::No}, 'D', "Program Download;"},
-        {"not this one, on line",
-         false,
-         {BoxAnswer::Yes},
-         'D',
-         "Program Offline;Program Download;"},
-        {"for another board", true, {BoxAnswer::Yes}, 'E', "PLS Program Download;"},
-        {"halted at the comparison",
+        {false, true, {}, 'D', "Program Offline;"},
+        {true, true, {}, 0, ""},
+        {true, true, {}, 'D', "Program Download;"},
+        {false, true, {kYes}, 'D', "Program Offline;Program Download;"},
+        {true, true, {kYes}, 'E', "PLS Program Download;"},
+        {true,
          true,
-         {BoxAnswer::Yes},
+         {kYes},
          'D',
          "Program Download;Program Download - [DUCTCTR2];Program Download;"},
-        {"no board: goes on to the transfer, which refuses",
+        // no board: goes on to the transfer, which refuses
+        {false,
          false,
-         {BoxAnswer::Yes, BoxAnswer::Cancel, BoxAnswer::Yes},
+         {kYes, BoxAnswer::Cancel, kYes},
          'D',
          "Program Offline;WARNING - Communication Error!;Program Download;Program Download;"}};
     for (const Refusal& refusal : refusals) {
-        SCOPED_TRACE(refusal.name);
+        SCOPED_TRACE(refusal.titles);
         CommandRig rig;
         if (refusal.online)
             rig.goOnline();
-        rig.board.setPowered(refusal.answers.size() < 3);
+        rig.board.setPowered(refusal.powered);
         if (refusal.boardType != 0)
             rig.person.chosenFiles = {rig.writeProgram(refusal.boardType)};
         rig.person.answers = refusal.answers;

@@ -60,77 +60,65 @@ TEST(ReportContent, SaysWhenTheFileWasSavedAndWhetherTheValuesAreStillTheFiles)
     EXPECT_EQ(rig.content().name, "untitled");
 }
 
-TEST(ReportContent, SetupParametersCarryTheirUnits)
-{
-    ContentRig rig;
-    for (int i = 0; i < 4; ++i)
-        rig.set(kSetupSlot + i, 101 + i);
-    rig.set(kSetupSlot + 4, 0b10000101);
-    rig.set(kCurrentLabelSlot, 42);
-    EXPECT_EQ(
-        rig.rows(0),
-        (QStringList{"Parameter|Value|Unit", "Maximum Cycle Duration|101|0.1 cans",
-                     "Maximum ON Duration|102|0.1 cans", "Response Time Compensation|103|msec",
-                     "Color Gain|104|% (100% per 2000 CPM)", "Feedback Enable|1, 3, 8|ductors",
-                     "Label Number|42|"}));
-    rig.set(kSetupSlot + 4, 0);
-    EXPECT_TRUE(rig.rows(0).contains("Feedback Enable|none|ductors"));
-    rig.set(kSetupSlot + 4, 255);
-    EXPECT_TRUE(rig.rows(0).contains("Feedback Enable|all|ductors"));
-}
-
-TEST(ReportContent, ShiftCountsAreGroupedByThousands)
+TEST(ReportContent, EveryValueStandsInItsRow)
 {
     ContentRig rig;
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    rig.set(kShiftCountSlot + 7, 1234567);
-    const QStringList rows = rig.rows(1);
-    QLocale::setDefault(QLocale::c());
-    ASSERT_EQ(rows.size(), 9);
-    EXPECT_EQ(rows[0], "Ductor|Cycling Count|Unit");
-    EXPECT_EQ(rows[1], "Ductor No. 1|0|cycles");
-    EXPECT_EQ(rows[8], "Ductor No. 8|1,234,567|cycles");
-}
-
-TEST(ReportContent, ALabelIsThreeRowsOfEightDuctors)
-{
-    ContentRig rig;
-    rig.set(kSetupSlot + 1, 150); // maximum ON
+    for (int slot = 0; slot <= kCurrentLabelSlot; ++slot)
+        rig.set(slot, 1001 + slot);
+    rig.set(kSetupSlot + 1, 150);        // maximum ON
+    rig.set(kSetupSlot + 4, 0b10000101); // feedback
+    const int cycles[] = {200, 201, 202, 203, 204, 205, 0, -3};
     for (int d = 0; d < kDuctors; ++d) {
         rig.set(labelBase(99) + d, 10 * d);
-        rig.set(labelBase(99) + kDuctors + d, d < 6 ? 200 + d : 18 - 3 * d); // ends with 0 and -3
+        rig.set(labelBase(99) + kDuctors + d, cycles[d]);
     }
-    const QStringList rows = rig.rows(2);
-    ASSERT_EQ(rows.size(), 301);
-    EXPECT_EQ(rows[0], "Label|Ductor No.|1|2|3|4|5|6|7|8");
-    EXPECT_EQ(rows[298], "99|ON (0.1 cans)|0|10|20|30|40|50|60|70");
-    EXPECT_EQ(rows[299], "|CYCLE (0.1 cans)|200|201|202|203|204|205|0|-3");
-    EXPECT_EQ(rows[300], "|Color Density|0.0%|7.0%|13.9%|20.7%|27.5%|34.1%|0.0%|0.0%");
-    rig.set(kSetupSlot + 1, 0);
-    EXPECT_EQ(rig.rows(2)[300], "|Color Density|-|-|-|-|-|-|0.0%|0.0%");
+    const QStringList setup = rig.rows(0);
+    const QStringList shift = rig.rows(1);
+    const QStringList labels = rig.rows(2);
+    QLocale::setDefault(QLocale::c());
+    struct Row
+    {
+        const QStringList& table;
+        int row;
+        const char* text;
+    };
+    const Row rows[] = {
+        {setup, 1, "Maximum Cycle Duration|1009|0.1 cans"},
+        {setup, 2, "Maximum ON Duration|150|0.1 cans"},
+        {setup, 3, "Response Time Compensation|1011|msec"},
+        {setup, 4, "Color Gain|1012|% (100% per 2000 CPM)"},
+        {setup, 5, "Feedback Enable|1, 3, 8|ductors"},
+        {setup, 6, "Label Number|1014|"},
+        {shift, 1, "Ductor No. 1|1,001|cycles"},
+        {shift, 8, "Ductor No. 8|1,008|cycles"},
+        {labels, 298, "99|ON (0.1 cans)|0|10|20|30|40|50|60|70"},
+        {labels, 299, "|CYCLE (0.1 cans)|200|201|202|203|204|205|0|-3"},
+        {labels, 300, "|Color Density|0.0%|7.0%|13.9%|20.7%|27.5%|34.1%|0.0%|0.0%"}};
+    for (const Row& row : rows)
+        EXPECT_EQ(row.table.value(row.row), row.text);
+    EXPECT_EQ(setup.size() + shift.size() + labels.size(), 7 + 9 + 301);
+    for (const auto& [bits, text] : {std::pair(0, "none"), std::pair(255, "all")}) {
+        rig.set(kSetupSlot + 4, bits);
+        EXPECT_TRUE(rig.rows(0)[5].contains(text));
+    }
 }
 
 TEST(ReportContent, HoldsTheChosenPartsAndLabels)
 {
-    struct Case
-    {
-        ReportSettings settings;
-        const char* parts; ///< with their number of blocks
-    };
-    const Case cases[] = {
+    const std::pair<ReportSettings, const char*> cases[] = {
         {{true, true, true, true, 5, 7},
          "Set-up Parameters 6, Shift Data Counts 8, Label Set-up Data 100"},
         {{true, false, false, false, 5, 7}, "Label Set-up Data 3"},
         {{false, true, false, true, 0, 99}, "Shift Data Counts 8"},
-        {{false, false, true, true, 0, 99}, "Set-up Parameters 6"},
-    };
+        {{false, false, true, true, 0, 99}, "Set-up Parameters 6"}};
     ContentRig rig;
-    for (const Case& c : cases) {
-        rig.state.report = c.settings;
-        QStringList parts;
+    for (const auto& [settings, parts] : cases) {
+        rig.state.report = settings;
+        QStringList found; // with their number of blocks
         for (const ReportTable& table : rig.content().tables)
-            parts.append(table.title + u' ' + QString::number(table.blocks.size()));
-        EXPECT_EQ(parts.join(", "), c.parts);
+            found.append(table.title + u' ' + QString::number(table.blocks.size()));
+        EXPECT_EQ(found.join(", "), parts);
     }
 }
 

@@ -36,11 +36,8 @@ TEST(ReportLayout, SplitsNoLabelHeadsEveryPageAndOverlapsNothing)
             for (const ReportLine& line : page.lines) {
                 EXPECT_DOUBLE_EQ(line.top, bottom);
                 bottom += kLineHeights.at(line.kind);
-                if (line.kind == LineKind::TableHeading) {
-                    EXPECT_EQ(before, LineKind::TableTitle);
-                } else if (line.kind == LineKind::TableRow) {
-                    EXPECT_GE(before, LineKind::TableHeading) << "rows without headings";
-                }
+                EXPECT_TRUE(line.kind != LineKind::TableHeading || before == LineKind::TableTitle);
+                EXPECT_TRUE(line.kind != LineKind::TableRow || before >= LineKind::TableHeading);
                 before = line.kind;
             }
             EXPECT_LE(bottom, height);
@@ -74,12 +71,6 @@ TEST(ReportLayout, LosesNothingAndSaysWhatIsContinued)
         }
         EXPECT_EQ(printed, rows) << "on " << height;
     }
-}
-
-TEST(ReportLayout, PaperTooLowForALabelGetsOneALabel)
-{
-    Report report = wholeReport();
-    report.notes.clear();
-    report.tables.erase(report.tables.begin(), report.tables.begin() + 2);
-    EXPECT_EQ(paginate(report, 20).size(), 100u);
+    EXPECT_EQ(paginate({{}, {}, {}, {report.tables.back()}}, 20).size(),
+              100u); // lower than a label
 }
