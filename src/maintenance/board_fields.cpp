@@ -138,6 +138,7 @@ void BoardFields::addField(QGridLayout& grid, std::size_t index, int row, int co
     const QString caption = QLatin1String(field.caption);
     const auto send = [this, index](const QString& text, std::int32_t) { write(index, text); };
     EntryRules rules;
+    // kept: no blank between the two; users know these boxes by their titles.
     rules.title = QStringLiteral("Set-up") + caption;
     rules.minimum = field.minimum;
     rules.maximum = field.maximum;
@@ -232,6 +233,7 @@ void BoardFields::setDate()
     const QDate date = m_now().date();
     writeIfPossible(kTable[kDate].reg, QString::number(date.month()));
     writeIfPossible(kTable[kDate + 1].reg, QString::number(date.day()));
+    // kept: the year goes as its last two characters, "05" for 2005.
     writeIfPossible(kTable[kDate + 2].reg, QString::number(date.year()).right(2));
 }
 

@@ -81,7 +81,7 @@ QGroupBox* CommPortDialog::makePortFrame()
             [this](QListWidgetItem* item) { choosePort(m_portList->row(item)); });
     connect(m_portList, &QListWidget::itemActivated, this,
             [this](QListWidgetItem* item) { choosePort(m_portList->row(item)); });
-    // Has always been there, and has never chosen anything: kept out of sight.
+    // kept: a control of this name has always been there; it never chose anything and is hidden.
     auto* fixedPort = new QRadioButton(QStringLiteral("Com 4"), frame);
     fixedPort->setObjectName(QStringLiteral("optCommPort"));
     fixedPort->hide();

@@ -50,18 +50,6 @@ TEST(ShippedHelp, ExplainsEveryMenuItem)
     EXPECT_GT(items, 20);
 }
 
-TEST(HelpSearch, FindsTopicsWithAllWordsTitlesFirst)
-{
-    const auto hits = book().search("  LATENCY timer ");
-    ASSERT_EQ(hits.size(), 1u);
-    EXPECT_EQ(hits[0].url.fileName(), "troubleshooting.html");
-    const auto shift = book().search("shift data");
-    ASSERT_GT(shift.size(), 1u);
-    EXPECT_EQ(shift[0].title, "Shift Data");
-    EXPECT_TRUE(book().search("latency xyzzy").empty());
-    EXPECT_TRUE(book().search("   ").empty());
-}
-
 TEST(HelpBookTest, NamesWhatIsWrongWithABook)
 {
     const QTemporaryDir folder;

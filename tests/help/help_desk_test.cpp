@@ -159,8 +159,11 @@ TEST(HelpWindowTest, SearchBackAndForward)
     const auto action = [&](const char* name) { return help.findChild<QAction*>(name); };
     EXPECT_FALSE(action("cmdHelpBack")->isEnabled());
 
-    help.findChild<QLineEdit*>("txtHelpSearch")->setText("latency");
     auto* hits = help.findChild<QListWidget*>("lstHelpHits");
+    help.findChild<QLineEdit*>("txtHelpSearch")->setText("shift data");
+    ASSERT_GT(hits->count(), 1);
+    EXPECT_EQ(hits->item(0)->text(), "Shift Data"); // titles come first
+    help.findChild<QLineEdit*>("txtHelpSearch")->setText("  LATENCY timer ");
     ASSERT_EQ(hits->count(), 1);
     hits->setCurrentRow(0);
     EXPECT_EQ(help.currentTopic().fileName(), "troubleshooting.html");
@@ -169,7 +172,7 @@ TEST(HelpWindowTest, SearchBackAndForward)
     action("cmdHelpForward")->trigger();
     EXPECT_EQ(help.currentTopic().fileName(), "troubleshooting.html");
 
-    help.findChild<QLineEdit*>("txtHelpSearch")->setText("xyzzy");
+    help.findChild<QLineEdit*>("txtHelpSearch")->setText("latency xyzzy");
     EXPECT_EQ(hits->item(0)->text(), "No topic holds these words.");
     for (const QAction* item : help.findChild<QToolBar*>()->actions())
         EXPECT_FALSE(

@@ -241,6 +241,16 @@ TEST(TargetBoardWindow, SetsTheBoardsClockFromThePcs)
     EXPECT_TRUE(rig.eventually([&] { return rig.label("lblCurrTime").text().endsWith("22"); }));
 }
 
+TEST(TargetBoardWindow, EveryFieldHasItsLimits)
+{
+    BoardRig rig;
+    rig.show();
+    QStringList limits;
+    for (int i = 0; i < 8; ++i)
+        limits += QStringLiteral("%1-%2").arg(rig.entry(i).minimum()).arg(rig.entry(i).maximum());
+    EXPECT_EQ(limits.join(u' '), "1-32 1-32 0-23 0-59 0-59 1-12 1-31 0-99");
+}
+
 TEST(TargetBoardWindow, AnEntryIsLeftAloneWhileTypedThenCheckedAndWritten)
 {
     BoardRig rig;
