@@ -24,8 +24,9 @@ EntryRules ColorControlScreen::rulesOf(std::size_t index)
     rules.entering = [this, index] { renew(index); };
     rules.limits = [this, index] { return limitsOf(index); };
     rules.checkAgain = [this, index] { return checksAgain(index); };
-    if (index < kDurations) // a step from the former label's value means nothing to the new one
-        rules.mayStep = [this] { return m_load == Load::None; };
+    // kept: a step from the former label's or the other mode's value would be a jump of the press.
+    if (index < kDurations)
+        rules.mayStep = [this, index] { return m_load == Load::None && m_known[index]; };
     rules.enterKey = [this, index] { enterPressed(index); };
     rules.escapeKey = [this] { m_returnFocusToLabel = false; };
     return rules;
@@ -39,16 +40,20 @@ void ColorControlScreen::renew(std::size_t index)
         return;
     if (!online())
         field.setText(index == kLabelField ? QString::number(m_label) : workingDuration(index));
-    else if (const auto value =
-                 readRegister(index == kLabelField ? kLabelNumberRegister : workingRegister(index)))
+    else if (const auto value = readRegister(index == kLabelField ? reg::kLabelNumber.address
+                                                                  : workingRegister(index)))
         field.setText(*value);
+    else
+        return;
+    if (index < kDurations)
+        m_known.set(index);
 }
 
 /// The limits of a ductor's two durations move with each other.
 EntryRange ColorControlScreen::limitsOf(std::size_t index) const
 {
     if (index == kLabelField)
-        return {0, kLabels - 1};
+        return {reg::kLabelNumber.minimum, reg::kLabelNumber.maximum};
     if (index == kStationField)
         return {1, kStations};
     const std::size_t ductor = index % kDuctors;
@@ -62,7 +67,7 @@ bool ColorControlScreen::checksAgain(std::size_t index) const
     if (m_load == Load::Wanted || m_load == Load::Running)
         return false;
     return !online() || index == kStationField ||
-           linkTakes(index == kLabelField ? kLabelNumberRegister : workingRegister(index),
+           linkTakes(index == kLabelField ? reg::kLabelNumber.address : workingRegister(index),
                      m_fields[index]->text());
 }
 
@@ -99,7 +104,7 @@ void ColorControlScreen::storeLabel(const QString& text, std::int32_t value)
         m_label = value;
         return;
     }
-    const bool taken = writeRegister(kLabelNumberRegister, text);
+    const bool taken = writeRegister(reg::kLabelNumber.address, text);
     if (taken && value != m_fields[kLabelField]->undoValue())
         startLoad(value);
 }
@@ -107,7 +112,8 @@ void ColorControlScreen::storeLabel(const QString& text, std::int32_t value)
 void ColorControlScreen::storeStation(std::int32_t value)
 {
     if (online())
-        state().gLink.RSWrite(kStationRegister, std::to_string((1 << (value - 1)) & kStationBits));
+        state().gLink.RSWrite(reg::kStation.address,
+                              std::to_string((1 << (value - 1)) & kStationBits));
 }
 
 void ColorControlScreen::enterPressed(std::size_t index)

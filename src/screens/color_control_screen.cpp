@@ -11,16 +11,26 @@ namespace tambrix {
 
 namespace {
 
-const std::array<std::string, 20> kRegisters = {
-    "B720", "B721", "B722", "B723", "B724", "B725", "B726", "B727", "W730", "W732",
-    "W734", "W736", "W738", "W740", "W742", "W744", "W520", "W522", "B100", "B61"};
-constexpr std::size_t kFirstResponse = 16; // W520 and W522
-constexpr std::size_t kInputs = 18;        // B100
+constexpr std::size_t kFirstResponse = kEntriesPerLabel; // ON, then OFF
+constexpr std::size_t kInputs = kFirstResponse + 2;
+constexpr std::size_t kRegisterCount = kInputs + 2;
 
-constexpr const char* kManualRegister = "B61";
-constexpr const char* kLabelSelectFlag = "F119";
-constexpr const char* kMaximumCycleRegister = "W690";
-constexpr const char* kMaximumOnRegister = "B692";
+/// What a pass reads: the working durations, the response times, the inputs, the manual bits.
+std::array<std::string, kRegisterCount> passRegisters()
+{
+    std::array<std::string, kRegisterCount> registers;
+    for (std::size_t d = 0; d < kDuctors; ++d) {
+        registers[d] = addressOf(reg::kWorkingOn, static_cast<int>(d));
+        registers[d + kDuctors] = addressOf(reg::kWorkingCycle, static_cast<int>(d));
+    }
+    registers[kFirstResponse] = reg::kOnResponse.address;
+    registers[kFirstResponse + 1] = reg::kOffResponse.address;
+    registers[kInputs] = reg::kInputs.address;
+    registers[kInputs + 1] = reg::kManualDuctors.address;
+    return registers;
+}
+
+const std::array<std::string, kRegisterCount> kRegisters = passRegisters();
 
 constexpr int kStoredReads = 3; // of one duration, before it is given up
 
@@ -60,6 +70,7 @@ void ColorControlScreen::applyOnlineView()
     endLoad();
     for (QGroupBox* frame : m_frames)
         frame->setEnabled(true);
+    m_known.reset();
     enableDurations(true);
     m_manual.setEnabled(true);
     enableLabelSelect(false); // until the controller allows it
@@ -82,11 +93,11 @@ void ColorControlScreen::applyOfflineView()
 Task ColorControlScreen::enterOnline()
 {
     const NumericEntryField& station = *m_fields[kStationField];
-    writeRegister(kStationRegister,
+    writeRegister(reg::kStation.address,
                   station.beingEdited() ? QString::number(station.undoValue()) : station.text());
-    if (const auto cycle = readRegister(kMaximumCycleRegister))
+    if (const auto cycle = readRegister(reg::kMaximumCycle.address))
         m_limits.maximumCycle = cycle->toInt();
-    if (const auto on = readRegister(kMaximumOnRegister))
+    if (const auto on = readRegister(reg::kMaximumOn.address))
         m_limits.maximumOn = on->toInt();
     co_return;
 }
@@ -148,7 +159,7 @@ Task ColorControlScreen::readLabelSelect()
     co_await pendingEvents();
     if (!passGoesOn())
         co_return;
-    const auto flag = readRegister(kLabelSelectFlag);
+    const auto flag = readRegister(reg::kLabelSelect.address);
     const bool enabled = flag && flag->toDouble() > 0;
     if (flag && enabled != m_labelSelect)
         enableLabelSelect(enabled);
@@ -160,7 +171,7 @@ Task ColorControlScreen::readLabelNumber()
     co_await pendingEvents();
     if (!passGoesOn() || m_fields[kLabelField]->beingEdited())
         co_return;
-    const auto label = readRegister(kLabelNumberRegister);
+    const auto label = readRegister(reg::kLabelNumber.address);
     if (!label)
         co_return;
     m_fields[kLabelField]->showValue(*label);
@@ -195,7 +206,7 @@ bool ColorControlScreen::writeManual()
     // kept: a refused entry stops boxes and buttons as well; its user looks at the box, not here.
     if (!entriesSettled())
         return false;
-    writeRegister(kManualRegister, QString::number(m_manual.bits()));
+    writeRegister(reg::kManualDuctors.address, QString::number(m_manual.bits()));
     return true;
 }
 
@@ -210,6 +221,7 @@ void ColorControlScreen::showDuration(std::size_t index, const QString& value)
     if (m_fields[index]->beingEdited())
         return;
     m_fields[index]->showValue(value);
+    m_known.set(index);
     showDensity(index);
 }
 
@@ -307,7 +319,7 @@ void ColorControlScreen::tellMissed(const QStringList& durations)
 
 DurationLimits ColorControlScreen::workingLimits()
 {
-    return {workingValue(kSetupSlot + 1), workingValue(kSetupSlot)};
+    return {workingValue(reg::kMaximumOn.slot), workingValue(reg::kMaximumCycle.slot)};
 }
 
 bool ColorControlScreen::labelExists() const

@@ -6,6 +6,7 @@
 #include "shell/screen.h"
 
 #include <array>
+#include <bitset>
 
 class QGridLayout;
 class QGroupBox;
@@ -34,8 +35,6 @@ protected:
     bool passGoesOn() const override { return online() && m_load == Load::None; }
 
 private:
-    static constexpr const char* kLabelNumberRegister = "W686";
-    static constexpr const char* kStationRegister = "B63";
     static constexpr std::size_t kDurations = kEntriesPerLabel; ///< fields 0 to 15
     static constexpr std::size_t kLabelField = 16;
     static constexpr std::size_t kStationField = 17;
@@ -93,6 +92,7 @@ private:
     };
 
     std::array<NumericEntryField*, kFields> m_fields{};
+    std::bitset<kDurations> m_known; ///< what the fields show has been read in this mode
     std::array<ValueLabel*, kDuctors> m_densities{};
     std::array<ValueLabel*, 4> m_status{};
     QLabel* m_labelCaption = nullptr;

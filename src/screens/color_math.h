@@ -1,12 +1,14 @@
 #pragma once
 
 #include "controls/numeric_entry_field.h"
+#include "data/parameters.h"
 
 #include <cstdint>
 
 namespace tambrix {
 
-inline constexpr std::int32_t kSmallestCycle = 60; ///< 0.1 cans; a CYCLE is at least this + ON
+/// 0.1 cans; a CYCLE is at least this + ON.
+inline constexpr std::int32_t kSmallestCycle = reg::kCycleDuration.minimum;
 
 /// The largest values the controller takes, in 0.1 cans.
 struct DurationLimits

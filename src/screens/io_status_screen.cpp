@@ -3,7 +3,7 @@
 #include "controls/fonts.h"
 #include "controls/named_controls.h"
 #include "controls/value_label.h"
-#include "data/setup_data.h"
+#include "data/parameters.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -16,9 +16,22 @@ namespace tambrix {
 
 namespace {
 
-const std::array<std::string, 15> kRegisters = {"F80",  "F81",  "W162", "W164", "B166",
-                                                "B167", "W180", "W112", "W184", "W186",
-                                                "W188", "W170", "B100", "B131", "W110"};
+// kept: the row "Resolver RPM" shows the machine speed, and W170 is read for nothing.
+const std::array<std::string, 15> kRegisters = {"F80",
+                                                "F81",
+                                                "W162",
+                                                "W164",
+                                                "B166",
+                                                "B167",
+                                                "W180",
+                                                reg::kMachineSpeed.address,
+                                                "W184",
+                                                "W186",
+                                                "W188",
+                                                "W170",
+                                                reg::kInputs.address,
+                                                "B131",
+                                                "W110"};
 constexpr std::size_t kLastLamp = 1;    // entries 0 and 1 are the module's digital inputs
 constexpr std::size_t kUnshown = 11;    // W170 is read and not shown
 constexpr std::size_t kInputByte = 12;  // B100

@@ -2,6 +2,7 @@
 
 #include "controls/fonts.h"
 #include "controls/value_label.h"
+#include "data/parameters.h"
 
 #include <QEvent>
 #include <QGroupBox>
@@ -17,7 +18,7 @@ namespace tambrix {
 
 namespace {
 
-const std::array<std::string, 1> kDisplayRegisters = {"W112"}; // machine speed, cans per minute
+const std::array<std::string, 1> kDisplayRegisters = {reg::kMachineSpeed.address};
 
 constexpr int kSmallestMessagePoints = 10;
 constexpr int kLargestMessagePoints = 30;
@@ -121,7 +122,7 @@ Task MainDisplay::onlinePass()
 void MainDisplay::resetAlarms()
 {
     if (!state().gLink.CommError)
-        state().gLink.RSWrite("F123", "1");
+        state().gLink.RSWrite(reg::kAlarmReset.address, "1");
 }
 
 void MainDisplay::showSpeed(const QString& speed)

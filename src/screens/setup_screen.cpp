@@ -3,6 +3,7 @@
 #include "controls/fonts.h"
 #include "controls/named_controls.h"
 #include "controls/value_label.h"
+#include "data/parameters.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -13,23 +14,16 @@ namespace tambrix {
 
 namespace {
 
-const std::array<std::string, 5> kRegisters = {"W690", "B692", "B1013", "B1014", "B694"};
+const std::array<std::string, 5> kRegisters = {
+    reg::kSetupParameters[0].address, reg::kSetupParameters[1].address,
+    reg::kSetupParameters[2].address, reg::kSetupParameters[3].address,
+    reg::kFeedbackEnable.address};
 constexpr std::size_t kFeedbackEntry = 4;
 constexpr int kAllDuctors = 255;
 
-struct Parameter
-{
-    const char* caption;
-    std::int32_t minimum;
-    std::int32_t maximum;
-};
-
-constexpr std::array<Parameter, 4> kParameters = {{
-    {"Maximum &Cycle Duration (0.1 cans):", 140, 650},
-    {"M&aximum ON Duration (0.1 cans):", 0, 200},
-    {"&Response Time Compensation (msec):", 0, 65},
-    {"Color &Gain % (CG-100% per 2000CPM):", 50, 150},
-}};
+constexpr std::array kCaptions = {
+    "Maximum &Cycle Duration (0.1 cans):", "M&aximum ON Duration (0.1 cans):",
+    "&Response Time Compensation (msec):", "Color &Gain % (CG-100% per 2000CPM):"};
 
 /// kept: a typed value has always been kept among the CYCLE durations of label 6, ductors 5 to 8,
 /// and only a spinner step in the parameter's own slot. Data sets in use were made that way.
@@ -65,11 +59,11 @@ QGroupBox* SetupScreen::makeParameters()
         const int row = static_cast<int>(i);
         m_fields[i] = new NumericEntryField(state().prompts, *cmdDefault(), rulesOf(i));
         m_fields[i]->setNames(arrayName("txtSetup", row), arrayName("updSetup", row));
-        grid->addWidget(m_fields[i]->makeCaption(arrayName("lblDescription", row),
-                                                 QLatin1String(kParameters[i].caption)),
-                        row, 0);
+        grid->addWidget(
+            m_fields[i]->makeCaption(arrayName("lblDescription", row), QLatin1String(kCaptions[i])),
+            row, 0);
         grid->addWidget(m_fields[i], row, 1);
-        grid->addWidget(makeRangeHint(kParameters[i]), row, 2);
+        grid->addWidget(makeRangeHint(reg::kSetupParameters[i]), row, 2);
     }
     grid->setColumnStretch(3, 1);
     return frame;
@@ -97,16 +91,28 @@ EntryRules SetupScreen::rulesOf(std::size_t entry)
     };
     EntryRules rules;
     rules.title = QStringLiteral("Set-up");
-    rules.minimum = kParameters[entry].minimum;
-    rules.maximum = kParameters[entry].maximum;
+    rules.minimum = reg::kSetupParameters[entry].minimum;
+    rules.maximum = reg::kSetupParameters[entry].maximum;
     rules.store = [keep](const QString& text, std::int32_t value) {
         keep(kTypedSlot, text, value);
     };
     rules.checkAgain = [this, entry] { // what the link has refused once shows no second box
         return !online() || linkTakes(kRegisters[entry], m_fields[entry]->text());
     };
+    rules.entering = [this, entry] { learn(entry); };
+    // kept: a step from the other mode's value would be a jump of the press.
+    rules.mayStep = [this, entry] { return m_known[entry]; };
     rules.step = [keep](const QString& text, std::int32_t value) { keep(kSetupSlot, text, value); };
     return rules;
+}
+
+/// A field that is entered before the first pass of this mode would hold the other mode's value.
+void SetupScreen::learn(std::size_t entry)
+{
+    if (m_known[entry] || !online())
+        return;
+    if (const auto value = readRegister(kRegisters[entry]))
+        showEntry(entry, *value);
 }
 
 void SetupScreen::applyOnlineView()
@@ -121,6 +127,7 @@ void SetupScreen::applyOfflineView()
 
 void SetupScreen::enableControls(bool enabled)
 {
+    m_known.reset();
     m_parameterFrame->setEnabled(enabled);
     m_feedbackFrame->setEnabled(enabled);
 }
@@ -141,9 +148,9 @@ Task SetupScreen::offlinePass()
 void SetupScreen::showEntry(std::size_t entry, const QString& value)
 {
     if (entry == kFeedbackEntry)
-        m_feedback.show(value.toInt());
-    else
-        m_fields[entry]->showValue(value);
+        return m_feedback.show(value.toInt());
+    m_fields[entry]->showValue(value);
+    m_known.set(entry, m_known[entry] || !m_fields[entry]->beingEdited());
 }
 
 /// The buttons leave the boxes alone; the next pass shows what the controller made of it. False,
@@ -153,7 +160,7 @@ bool SetupScreen::setFeedback(int bits)
     // kept: a refused entry stops buttons and boxes as well; its user looks at the box, not here.
     if (!entriesSettled())
         return false;
-    workingValue(kSetupSlot + static_cast<int>(kFeedbackEntry)) = bits;
+    workingValue(reg::kFeedbackEnable.slot) = bits;
     writeRegister(kRegisters[kFeedbackEntry], QString::number(bits));
     return true;
 }

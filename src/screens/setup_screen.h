@@ -5,6 +5,7 @@
 #include "shell/screen.h"
 
 #include <array>
+#include <bitset>
 
 class QGroupBox;
 
@@ -31,11 +32,13 @@ private:
     QGroupBox* makeParameters();
     QGroupBox* makeFeedback();
     EntryRules rulesOf(std::size_t entry);
+    void learn(std::size_t entry);
     void enableControls(bool enabled);
     void showEntry(std::size_t entry, const QString& value);
     bool setFeedback(int bits);
 
     std::array<NumericEntryField*, kFields> m_fields{};
+    std::bitset<kFields> m_known; ///< what the fields show has been read in this mode
     BitBoxes m_feedback;
     QGroupBox* m_parameterFrame;
     QGroupBox* m_feedbackFrame;

@@ -4,6 +4,7 @@
 #include "controls/named_controls.h"
 #include "controls/numeric_entry_field.h"
 #include "controls/value_label.h"
+#include "data/parameters.h"
 #include "data/typed_number.h"
 
 #include <QGridLayout>
@@ -17,8 +18,15 @@ namespace tambrix {
 
 namespace {
 
-const std::array<std::string, kDuctors> kCounts = {"D940", "D944", "D948", "D952",
-                                                   "D956", "D960", "D964", "D968"};
+std::array<std::string, kDuctors> countRegisters()
+{
+    std::array<std::string, kDuctors> registers;
+    for (int d = 0; d < kDuctors; ++d)
+        registers[static_cast<std::size_t>(d)] = addressOf(reg::kShiftCount, d);
+    return registers;
+}
+
+const std::array<std::string, kDuctors> kCounts = countRegisters();
 constexpr const char* kResetRequest = "B43";
 constexpr int kAllDuctors = 255;
 constexpr int kCountPoints = 20;

@@ -1,7 +1,5 @@
 #include "screens/color_math.h"
 
-#include "screens/shift_data_screen.h"
-
 #include <gtest/gtest.h>
 
 namespace tambrix {
@@ -20,14 +18,6 @@ TEST(ColorMath, LimitsADurationByTheOtherAndReplacesAnUnsoundOne)
     EXPECT_EQ(soundCycle(109, 50, kLimits), 200);
     EXPECT_EQ(soundCycle(500, 50, kLimits), 500);
     EXPECT_EQ(soundCycle(501, 50, kLimits), 200);
-}
-
-TEST(ResetMask, FollowsTheDuctorNumber)
-{
-    const std::pair<const char*, int> cases[] = {{"0", 255}, {"1", 1},   {"8", 128}, {"-1", 0},
-                                                 {"9", 0},   {"2.5", 2}, {"0.4", 0}, {" 4 ", 8}};
-    for (const auto& [text, mask] : cases)
-        EXPECT_EQ(resetMask(text), mask) << text;
 }
 
 } // namespace

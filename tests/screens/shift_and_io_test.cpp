@@ -73,8 +73,15 @@ TEST_F(ShiftData, ARefusedNumberResetsNothing)
     ASSERT_EQ(rig.person.boxes.size(), 1U);
     EXPECT_EQ(rig.person.boxes[0].title, "Spindle #1 Trip Offset:");
     EXPECT_EQ(rig.person.boxes[0].text, "Only a Number Between 0 and 8 can be Entered");
-    EXPECT_EQ(text("txtData"), "0");
     EXPECT_TRUE(wire.writes.empty());
+}
+
+TEST(ResetMask, FollowsTheDuctorNumber)
+{
+    const std::pair<const char*, int> cases[] = {{"0", 255}, {"1", 1},   {"8", 128}, {"-1", 0},
+                                                 {"9", 0},   {"2.5", 2}, {"0.4", 0}, {" 4 ", 8}};
+    for (const auto& [text, mask] : cases)
+        EXPECT_EQ(resetMask(text), mask) << text;
 }
 
 class IoStatus : public ScreenRig<IoStatusScreen>
