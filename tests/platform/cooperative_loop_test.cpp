@@ -87,9 +87,13 @@ TEST(CooperativeLoop, CanBeStoppedFromInsideAndStartedAgain)
     EXPECT_EQ(rig.turns, 1);
     EXPECT_EQ(rig.alive, 0);
     EXPECT_FALSE(rig.loop.running());
-    rig.loop.start(rig.inner());
-    ASSERT_TRUE(PressRig::eventually([&] { return rig.turns == 2; }));
-    EXPECT_TRUE(PressRig::eventually([&] { return !rig.loop.running(); }));
+    rig.loop.start(rig.body());
+    ASSERT_TRUE(PressRig::eventually([&] { return rig.turns > 5; }));
+    rig.turns = 1;
+    rig.loop.start(rig.inner()); // in place of the other, which is waiting
+    ASSERT_TRUE(PressRig::eventually([&] { return !rig.loop.running(); }));
+    EXPECT_EQ(rig.turns, 2);
+    EXPECT_EQ(rig.alive, 0);
 }
 
 TEST(CooperativeLoop, DestroyedInAPauseDestroysItsFrames)

@@ -3,6 +3,7 @@
 #include "platform/steady_clock.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QProcess>
 
 #include <gtest/gtest.h>
@@ -36,17 +37,19 @@ TEST(QtSerialPortTest, ReportsAMissingDevice)
 #ifdef TAMBRIX_BOARD
 namespace {
 
-/// The simulated controller on a pseudo-terminal, in a process of its own.
+/// The simulated controller on a pseudo-terminal, in a process of its own; every one stands under
+/// the same name.
 struct BoardProcess
 {
     QProcess process;
-    QString device;
+    QString device = QDir::temp().filePath(
+        QStringLiteral("tambrix-board-%1").arg(QCoreApplication::applicationPid()));
 
     BoardProcess()
     {
-        process.start(TAMBRIX_BOARD, {"--unpaced"});
-        if (process.waitForStarted() && process.waitForReadyRead())
-            device = QString::fromLocal8Bit(process.readLine()).trimmed();
+        process.start(TAMBRIX_BOARD, {"--unpaced", "--link", device});
+        if (!process.waitForStarted() || !process.waitForReadyRead())
+            device.clear();
     }
     ~BoardProcess() { unplug(); }
     BoardProcess(const BoardProcess&) = delete;
@@ -56,6 +59,7 @@ struct BoardProcess
     {
         process.kill();
         process.waitForFinished();
+        QFile::remove(device);
     }
 };
 
@@ -75,6 +79,10 @@ TEST(QtSerialPortTest, TalksOverATruePortUntilItVanishes)
         ASSERT_EQ(port.readByte(), 0x55);
     }
     EXPECT_EQ(port.bytesWaiting(), 0u);
+    port.writeByte(0xFF);
+    ASSERT_TRUE(port.waitForInput(5s));
+    port.discardInput();
+    EXPECT_EQ(port.bytesWaiting(), 0u);
 
     board.unplug();
     for (int i = 0; i < 3; ++i) { // with and without the event loop between
@@ -88,9 +96,9 @@ TEST(QtSerialPortTest, TalksOverATruePortUntilItVanishes)
     }
     port.close();
     EXPECT_TRUE(port.open().has_value());
-    BoardProcess again;
-    QtSerialPort back(clock, again.device);
-    ASSERT_FALSE(back.configure(1, "9600,n,8,1"));
-    EXPECT_FALSE(back.open());
+    const BoardProcess again; // the cable is back: the same port serves it
+    ASSERT_FALSE(port.open());
+    port.writeByte(0xFF);
+    EXPECT_TRUE(port.waitForInput(5s));
 }
 #endif
