@@ -3,6 +3,8 @@
 #include <QFontMetrics>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace tambrix {
 
 namespace {
@@ -25,9 +27,14 @@ void setPoints(QWidget& widget, int points)
     widget.setFont(font);
 }
 
+/// Type grows in proportion, but for rounding: measured once, then corrected downwards.
 int fittingPointSize(QFont font, const QString& text, const QSize& space, int smallest, int largest)
 {
-    int points = largest;
+    font.setPointSize(largest);
+    const QSizeF needed = QFontMetricsF(font).size(Qt::TextExpandTabs, text);
+    const double share = std::min((space.width() - kMargin) / std::max(needed.width(), 1.0),
+                                  (space.height() - kMargin) / std::max(needed.height(), 1.0));
+    int points = std::clamp(static_cast<int>(largest * share) + 1, smallest, largest);
     while (points > smallest && !fits(font, points, text, space))
         --points;
     return points;

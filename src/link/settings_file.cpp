@@ -59,6 +59,13 @@ CommSettings readOrCreateCommSettings(const fs::path& file, std::error_code& err
     return {};
 }
 
+CommSettings readCommSettings(const fs::path& file)
+{
+    std::error_code error;
+    const bool filled = fs::file_size(file, error) > 0 && !error;
+    return filled ? readOrCreateCommSettings(file, error) : CommSettings();
+}
+
 void writeCommSettings(const fs::path& file, const CommSettings& settings, std::error_code& error)
 {
     fs::create_directories(file.parent_path(), error);

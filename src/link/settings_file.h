@@ -23,6 +23,9 @@ struct CommSettings
 /// could not be read or written.
 CommSettings readOrCreateCommSettings(const std::filesystem::path& file, std::error_code& error);
 
+/// What the settings file says, without touching it: the defaults when it is missing or empty.
+CommSettings readCommSettings(const std::filesystem::path& file);
+
 /// Writes the file's one line, port, comma, speed, CR LF, creating its folder when missing.
 void writeCommSettings(const std::filesystem::path& file, const CommSettings& settings,
                        std::error_code& error);

@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 namespace tambrix {
 
 /// Which parts the printed report holds.
@@ -61,6 +63,7 @@ public:
     bool gUntitled = true; ///< the working data has no file name yet
 
     QString gSystemMessage;       ///< what the main display shows; lines end in CR LF
+    std::optional<int> alarmWord; ///< bit 0 for ductor 1; none: alarms are not known
     bool gOfflineEditing = false; ///< screens edit the working data while off line
 
     QString gFileNameCaption; ///< "[" file title "]"
@@ -70,6 +73,9 @@ public:
     QString gProgramFilePath; ///< last controller program file
     QDateTime gUploadNOW;     ///< date stamp of the data set
     QString helpFile;
+
+    bool simulated = false; ///< the controller is the built-in one
+    QString portName;       ///< of the device in use; empty: the settings' number says it
 
     ReportSettings report;
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLabel>
+
+namespace tambrix {
+
+/// A label whose text is as large as its place lets it be: never cut, whatever it says and
+/// whenever it is shown. The size is chosen for `widest`, so that the text does not jump.
+class FittedLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit FittedLabel(const QString& widest);
+
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_widest;
+};
+
+} // namespace tambrix

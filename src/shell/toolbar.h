@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QToolBar>
+
+class QAction;
+class QLabel;
+
+namespace tambrix {
+
+class ModeToggle;
+class ProgramState;
+
+/// The bar below the menus: the mode, the most used menu items with icon and word, and at its
+/// right end what one must not forget: unsaved changes, the simulated controller, the port. Every
+/// one of its actions is in the menus as well; it can be hidden from its own context menu.
+class Toolbar : public QToolBar
+{
+    Q_OBJECT
+
+public:
+    explicit Toolbar(ProgramState& state);
+
+    /// Adds a button that does what the menu item does, and is enabled when it is. `icon` is a
+    /// name for lineIcon().
+    void addTool(const QString& icon, const QString& word, QAction& menuItem);
+    void addGap() { insertSeparator(m_end); }
+
+    /// Shows the mode, and the port that it uses now.
+    void showMode(bool online);
+
+    /// Brings the marks at the right end up to date.
+    void refresh();
+
+signals:
+    void modeClicked();
+
+private:
+    QLabel* addMark(const QString& name, const QString& toolTip);
+    QString portText() const;
+
+    ProgramState& m_state;
+    ModeToggle* m_mode;
+    QAction* m_end; ///< tools stand before it, marks behind it
+    QLabel* m_unsaved;
+    QLabel* m_simulated;
+    QLabel* m_port;
+};
+
+} // namespace tambrix
