@@ -1,9 +1,12 @@
 #include "app/appearance.h"
 
+#include "controls/calm_style.h"
+#include "controls/palettes.h"
+
 #include <QApplication>
 #include <QIcon>
-#include <QProxyStyle>
 #include <QSettings>
+#include <QStyleHints>
 
 #ifdef TAMBRIX_ASK_DESKTOP
 #include <QDBusInterface>
@@ -25,7 +28,14 @@ QIcon programIcon()
     return icon;
 }
 
-#if defined(TAMBRIX_ASK_DESKTOP)
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+
+bool desktopPrefersDark()
+{
+    return QGuiApplication::styleHints()->colorScheme() == Qt::ColorScheme::Dark;
+}
+
+#elif defined(TAMBRIX_ASK_DESKTOP)
 
 /// Qt learnt to follow the desktop's choice of light or dark after 6.4; until then it is asked.
 bool desktopPrefersDark()
@@ -59,89 +69,33 @@ bool desktopPrefersDark()
 
 #else
 
-[[maybe_unused]] bool desktopPrefersDark()
+bool desktopPrefersDark()
 {
-    return false; // Qt follows the desktop by itself
-}
-
-#endif
-
-/// Whether the desktop's own style shows what the user asked of the desktop.
-bool nativeStyleFits()
-{
-#if defined(Q_OS_MACOS)
-    return true;
-#elif defined(Q_OS_WIN)
-    // The style of Windows 10 knows no dark; the one of Windows 11 does.
-    const bool lightOnly = QApplication::style()->name() == QLatin1String("windowsvista");
-    return !(lightOnly && desktopPrefersDark());
-#else
     return false;
-#endif
 }
 
-/// Fusion, but no dialog button has an icon: the desktop has one for OK and none for our own.
-class CalmStyle : public QProxyStyle
+#endif
+
+bool wantsDark(Theme theme)
 {
-public:
-    CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
-
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* data) const override
-    {
-        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
-            return 0;
-        return QProxyStyle::styleHint(hint, option, widget, data);
-    }
-};
-
-constexpr QPalette::ColorRole kTextRoles[] = {QPalette::WindowText, QPalette::Text,
-                                              QPalette::ButtonText, QPalette::ToolTipText};
-
-void setDisabledText(QPalette& palette, const QColor& color)
-{
-    for (const auto role : kTextRoles)
-        palette.setColor(QPalette::Disabled, role, color);
+    return theme == Theme::Dark || (theme == Theme::Desktop && desktopPrefersDark());
 }
 
 } // namespace
 
-void applyAppearance(bool styleAskedFor)
+void applyAppearance(bool styleAskedFor, Theme theme)
 {
     QApplication::setWindowIcon(programIcon());
-    if (styleAskedFor || nativeStyleFits())
+    if (styleAskedFor)
         return;
     QApplication::setStyle(new CalmStyle); // the application owns it
-#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0)
-    QApplication::setPalette(desktopPrefersDark() ? darkPalette() : lightPalette());
+    QApplication::setPalette(wantsDark(theme) ? darkPalette() : lightPalette());
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    if (theme == Theme::Desktop)
+        QObject::connect(QGuiApplication::styleHints(), &QStyleHints::colorSchemeChanged, qApp, [] {
+            QApplication::setPalette(desktopPrefersDark() ? darkPalette() : lightPalette());
+        });
 #endif
-}
-
-QPalette lightPalette()
-{
-    QPalette palette = QApplication::style()->standardPalette();
-    setDisabledText(palette, QColor(0x8a, 0x8a, 0x8a)); // the style's own hardly shows
-    for (const auto group : {QPalette::Active, QPalette::Inactive})
-        palette.setColor(group, QPalette::Highlight, QColor(0x28, 0x6f, 0xa8));
-    return palette;
-}
-
-QPalette darkPalette()
-{
-    const QColor text(0xe6, 0xe6, 0xe6);
-    QPalette palette(QColor(0x40, 0x44, 0x48), QColor(0x32, 0x35, 0x39));
-    palette.setColor(QPalette::Base, QColor(0x1b, 0x1d, 0x1f));
-    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2d, 0x30));
-    palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x41));
-    palette.setColor(QPalette::Highlight, QColor(0x28, 0x62, 0xa4));
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x46, 0x4a, 0x4f));
-    palette.setColor(QPalette::HighlightedText, text);
-    palette.setColor(QPalette::Link, QColor(0x6c, 0xb0, 0xf0));
-    palette.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
-    for (const auto role : kTextRoles)
-        palette.setColor(role, text);
-    setDisabledText(palette, QColor(0x96, 0x96, 0x96));
-    return palette;
 }
 
 } // namespace tambrix

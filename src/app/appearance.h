@@ -1,17 +1,16 @@
 #pragma once
 
-#include <QPalette>
-
 namespace tambrix {
 
-/// The program's icon, and a calm look: native on Windows and macOS, Fusion elsewhere and where
-/// Windows 10 is dark; light or dark as the system says. Leaves a style alone that the user asked
-/// for. Call once there is a QApplication.
-void applyAppearance(bool styleAskedFor);
+/// Light or dark: as the desktop says, or as the user asked for.
+enum class Theme {
+    Desktop,
+    Light,
+    Dark,
+};
 
-/// The colors where Qt does not choose them itself, on a light and on a dark desktop. The light
-/// ones are those of the style in use.
-QPalette lightPalette();
-QPalette darkPalette();
+/// The program's icon, its style and its colours. Leaves a style alone that the user asked for.
+/// Call once there is a QApplication.
+void applyAppearance(bool styleAskedFor, Theme theme);
 
 } // namespace tambrix

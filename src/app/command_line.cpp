@@ -20,6 +20,10 @@ const QCommandLineOption kProgramFolder(
     QStringLiteral("program-folder"),
     QStringLiteral("Find Support, Help and set-up files in <DIR> (default: beside the program)."),
     QStringLiteral("DIR"));
+const QCommandLineOption kTheme(QStringLiteral("theme"),
+                                QStringLiteral("Colours: <light> or <dark>, whatever the desktop "
+                                               "says."),
+                                QStringLiteral("light|dark"));
 const QCommandLineOption kDemo(
     QStringLiteral("demo"),
     QStringLiteral("Run the main job unattended on the simulated controller and write a picture "
@@ -48,6 +52,14 @@ CommandLine saying(const QString& text, int exitCode)
     return line;
 }
 
+Theme themeOf(const QCommandLineParser& parser)
+{
+    const QString theme = parser.value(kTheme);
+    if (theme == QLatin1String("light"))
+        return Theme::Light;
+    return theme == QLatin1String("dark") ? Theme::Dark : Theme::Desktop;
+}
+
 /// What is wrong with the arguments, or nothing.
 QString complaint(const QCommandLineParser& parser)
 {
@@ -58,6 +70,8 @@ QString complaint(const QCommandLineParser& parser)
         return QStringLiteral("The file '%1' does not exist.").arg(files[0]);
     if (!files.isEmpty() && parser.isSet(kDemo))
         return QStringLiteral("--demo brings its own set-up file.");
+    if (parser.isSet(kTheme) && themeOf(parser) == Theme::Desktop)
+        return QStringLiteral("--theme is light or dark.");
     const QString folder = parser.value(kProgramFolder);
     if (parser.isSet(kProgramFolder) && !QDir(folder).exists())
         return QStringLiteral("The program folder '%1' does not exist.").arg(folder);
@@ -78,7 +92,7 @@ CommandLine parseCommandLine(const QStringList& arguments)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.setApplicationDescription(
         QStringLiteral("TAMBRIX: set-up utility of a pneumatic ink-ductor colour-control system."));
-    parser.addOptions({kSimulate, kSerialDevice, kProgramFolder, kDemo, kHelp, kVersion});
+    parser.addOptions({kSimulate, kSerialDevice, kProgramFolder, kTheme, kDemo, kHelp, kVersion});
     parser.addPositionalArgument(QStringLiteral("FILE.sdt"),
                                  QStringLiteral("Open this set-up file, as File > Open does."),
                                  QStringLiteral("[FILE.sdt]"));
@@ -97,6 +111,7 @@ CommandLine parseCommandLine(const QStringList& arguments)
     CommandLine line;
     line.demoFolder = parser.value(kDemo);
     line.simulate = parser.isSet(kSimulate) || parser.isSet(kDemo);
+    line.theme = themeOf(parser);
     line.serialDevice = parser.value(kSerialDevice);
     line.programFolder = parser.value(kProgramFolder);
     if (!parser.positionalArguments().isEmpty())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/appearance.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -15,7 +17,8 @@ struct CommandLine
     QString serialDevice;  ///< device to use whatever the port number; empty: by number
     QString programFolder; ///< folder with Support and Help; empty: the executable's own
     QString setupFile;     ///< set-up file to open at start, absolute; empty: none
-    QString demoFolder;    ///< where the unattended demonstration puts its pictures; empty: none
+    Theme theme = Theme::Desktop;
+    QString demoFolder; ///< where the unattended demonstration puts its pictures; empty: none
 
     QString text;     ///< what to print instead of starting: help, version or what is wrong
     int exitCode = 0; ///< with `text`: 0, or 2 for a wrong command line

@@ -147,6 +147,6 @@ int main(int argc, char* argv[])
     const bool styleAskedFor = asksForStyle(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TAMBRIX"));
-    applyAppearance(styleAskedFor);
+    applyAppearance(styleAskedFor, line.theme);
     return runProgram(line);
 }

@@ -1,6 +1,8 @@
 #include "controls/bit_boxes.h"
 
+#include "controls/calm_style.h"
 #include "controls/named_controls.h"
+#include "controls/text_size.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -64,13 +66,16 @@ void BitBoxes::layOut(QGroupBox& frame, QPushButton& all, QPushButton& none) con
 {
     constexpr int kHalf = kDuctors / 2;
     auto* grid = new QGridLayout(&frame);
-    grid->setHorizontalSpacing(14);
-    grid->setVerticalSpacing(12);
     int column = 0;
-    for (QCheckBox* box : m_boxes)
-        grid->addWidget(box, 0, column++);
+    for (QCheckBox* box : m_boxes) {
+        setCaptionBelow(*box);
+        setTextSize(*box, TextSize::Text, true);
+        grid->setColumnStretch(column, 1);
+        grid->addWidget(box, 0, column++, Qt::AlignHCenter);
+    }
     grid->addWidget(&all, 1, 0, 1, kHalf);
     grid->addWidget(&none, 1, kHalf, 1, kHalf);
+    grid->setRowStretch(2, 1);
 }
 
 } // namespace tambrix

@@ -14,7 +14,9 @@ constexpr int kSmallestTimes = 2; // the text is at least twice as large as the 
 
 } // namespace
 
-FittedLabel::FittedLabel(const QString& widest) : m_widest(widest)
+FittedLabel::FittedLabel(const QString& name, const QString& what, const QString& value,
+                         const QString& widest)
+    : ValueLabel(name, what, value), m_widest(widest)
 {
     setAlignment(Qt::AlignCenter);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

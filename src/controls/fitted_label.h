@@ -1,17 +1,18 @@
 #pragma once
 
-#include <QLabel>
+#include "controls/value_label.h"
 
 namespace tambrix {
 
 /// A label whose text is as large as its place lets it be: never cut, whatever it says and
 /// whenever it is shown. The size is chosen for `widest`, so that the text does not jump.
-class FittedLabel : public QLabel
+class FittedLabel : public ValueLabel
 {
     Q_OBJECT
 
 public:
-    explicit FittedLabel(const QString& widest);
+    FittedLabel(const QString& name, const QString& what, const QString& value,
+                const QString& widest);
 
     QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override;

@@ -35,6 +35,14 @@ QLabel* makeLabel(const QString& name, const QString& text)
     return label;
 }
 
+QLabel* makeDimLabel(const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
 QPushButton* makeButton(const QString& name, const QString& caption)
 {
     auto* button = new QPushButton(caption);

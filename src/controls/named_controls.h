@@ -20,6 +20,9 @@ QGroupBox* makeFrame(const QString& name, const QString& caption);
 /// A label whose text is shown as it is.
 QLabel* makeLabel(const QString& name, const QString& text);
 
+/// A label for what stands beside the matter: units, hints, ranges.
+QLabel* makeDimLabel(const QString& text);
+
 /// A button, named without its key marks, that does not take Enter for itself: Enter moves on from
 /// field to field.
 QPushButton* makeButton(const QString& name, const QString& caption);

@@ -1,16 +1,18 @@
 #include "controls/value_label.h"
 
-#include "controls/fonts.h"
+#include "controls/text_size.h"
+#include "controls/tones.h"
 
-#include <QGroupBox>
-#include <QVBoxLayout>
+#include <QPainter>
 
 namespace tambrix {
 
 namespace {
 
-/// Values change several times a second; their panels keep one width.
+/// Values change several times a second; their labels keep one width.
 const QString kWidestValue = QStringLiteral("00000");
+
+constexpr double kCorner = 4;
 
 } // namespace
 
@@ -30,28 +32,46 @@ void ValueLabel::setValue(const QString& value)
     setAccessibleName(m_what + QStringLiteral(": ") + value);
 }
 
+void ValueLabel::setWidest(const QString& widest)
+{
+    m_widest = widest;
+    updateGeometry();
+}
+
+void ValueLabel::setOnPlate()
+{
+    m_onPlate = true;
+}
+
+QSize ValueLabel::minimumSizeHint() const
+{
+    const int grid = gridOf(font());
+    return QLabel::minimumSizeHint().expandedTo(
+        {fontMetrics().horizontalAdvance(m_widest) + 2 * grid, fontMetrics().height()});
+}
+
+/// On a dark desktop the plate is light, as the given colours of a state text need it.
+void ValueLabel::paintEvent(QPaintEvent* event)
+{
+    if (m_onPlate) {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(tonesOf(QGuiApplication::palette()).plate);
+        painter.drawRoundedRect(rect(), kCorner, kCorner);
+    }
+    QLabel::paintEvent(event);
+}
+
 ValueLabel* makeValueLabel(const QString& name, const QString& value, const QString& what)
 {
     auto* label = new ValueLabel(name, what, value);
-    setPoints(*label, kScreenPoints);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(kWidestValue) + 20);
+    label->setWidest(kWidestValue);
     label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    label->setMargin(2); // inside the frame
     label->setIndent(6);
+    setTextSize(*label, TextSize::Value);
     return label;
-}
-
-void stackFrames(QWidget& screen, std::initializer_list<QGroupBox*> frames)
-{
-    auto* column = new QVBoxLayout;
-    for (QGroupBox* frame : frames)
-        column->addWidget(frame);
-    column->addStretch();
-    auto* layout = new QHBoxLayout(&screen);
-    layout->addLayout(column);
-    layout->addStretch();
 }
 
 void setTabSequence(std::span<QWidget* const> controls)

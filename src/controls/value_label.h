@@ -4,15 +4,11 @@
 
 #include <QLabel>
 
-#include <initializer_list>
 #include <span>
 
 class QWidget;
 
 namespace tambrix {
-
-/// Size of the screens' text: read from a step away from the PC.
-inline constexpr int kScreenPoints = 13;
 
 /// A value that the controller shows. It is read out as what it is and what it shows ("Machine
 /// CPM: 1234"), anew with every change.
@@ -26,15 +22,25 @@ public:
 
     void setValue(const QString& value);
 
+    /// Keeps room for this text, whatever is shown.
+    void setWidest(const QString& widest);
+    /// Stands on a ground of its own, for state texts whose colours are given.
+    void setOnPlate();
+
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     QString m_what;
+    QString m_widest;
+    bool m_onPlate = false;
 };
 
-/// A value label of the screens: a sunken panel, the value at its right.
+/// A value label of the screens: a quarter larger than its caption, the value at its right.
 ValueLabel* makeValueLabel(const QString& name, const QString& value, const QString& what);
-
-/// Fills the screen with `frames` one below the other, at its top left.
-void stackFrames(QWidget& screen, std::initializer_list<QGroupBox*> frames);
 
 /// The Tab key visits `controls` in this order.
 void setTabSequence(std::span<QWidget* const> controls);

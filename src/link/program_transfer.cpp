@@ -181,6 +181,8 @@ bool ProgramTransfer::writeConfiguration(const ProgramConfiguration& configurati
 
 ProgramTransfer::Outcome ProgramTransfer::sendRecords(const HexImage& image)
 {
+    m_progress.records = static_cast<int>(image.records.size());
+    m_progress.recordsSent = 0;
     for (const HexRecord& record : image.records) {
         m_progress.CurrentProgramAdd = addressText(record.address);
         servePendingEvents();
@@ -191,6 +193,7 @@ ProgramTransfer::Outcome ProgramTransfer::sendRecords(const HexImage& image)
             m_exchange.abandonFrame();
             return halted(kTitle, "Checksum Error, Program Download Halted!");
         }
+        ++m_progress.recordsSent;
     }
     return Outcome::Complete;
 }

@@ -97,6 +97,8 @@ public:
     /// long as the board answers; the link is busy for all that time.
     void DumpProgram(const PendingEvents& pendingEvents = {});
     bool InProgramMode() const { return m_transfer.progress().InProgramMode; }
+    int recordsSent() const { return m_transfer.progress().recordsSent; }
+    int records() const { return m_transfer.progress().records; }
     bool WritingIdent() const { return m_transfer.progress().WritingIdent; }
     /// Load address of the record under way, four hexadecimal digits and "H"; " " before any.
     std::string CurrentProgramAdd() const { return m_transfer.progress().CurrentProgramAdd; }

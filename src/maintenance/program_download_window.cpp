@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QProgressBar>
 #include <QVBoxLayout>
 
 namespace tambrix {
@@ -14,6 +15,7 @@ namespace tambrix {
 namespace {
 
 constexpr int kProgressInterval = 50; // ms
+constexpr int kBarWidth = 320;
 
 } // namespace
 
@@ -22,6 +24,8 @@ ProgramDownloadWindow::ProgramDownloadWindow(ProgramState& state, QWidget* paren
       m_state(state),
       m_progress(makeLabel(QStringLiteral("lblWaitDisplay"),
                            QStringLiteral("Sending Program at Address: 0000H"))),
+      m_bar(new QProgressBar),
+      m_done(makeDimLabel(QStringLiteral(" "))),
       m_timer(this)
 {
     setObjectName(QStringLiteral("frmDownloadProg"));
@@ -31,6 +35,14 @@ ProgramDownloadWindow::ProgramDownloadWindow(ProgramState& state, QWidget* paren
     auto* inside = new QVBoxLayout(frame);
     inside->setContentsMargins(36, 24, 36, 24);
     inside->addWidget(m_progress, 0, Qt::AlignCenter);
+    m_bar->setObjectName(QStringLiteral("prgProgram"));
+    m_bar->setAccessibleName(QStringLiteral("Program sent"));
+    m_bar->setMinimumWidth(kBarWidth);
+    m_bar->setTextVisible(false);
+    m_bar->setValue(0);
+    inside->addWidget(m_bar);
+    m_done->setObjectName(QStringLiteral("lblDone"));
+    inside->addWidget(m_done, 0, Qt::AlignCenter);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(frame);
     setFixedSize(sizeHint()); // the texts of a transfer are shorter than the first one
@@ -60,9 +72,29 @@ void ProgramDownloadWindow::showProgress()
     const RSComm& link = m_state.gLink;
     if (!link.InProgramMode())
         return;
+    showRecords();
     m_progress->setText(link.WritingIdent() ? QStringLiteral("Writing Program Ident ... ")
                                             : QStringLiteral("Writing to Program Address: ") +
                                                   fromLink(link.CurrentProgramAdd()));
+}
+
+/// The clock starts with the first record: what the operator was asked before it does not count.
+void ProgramDownloadWindow::showRecords()
+{
+    const RSComm& link = m_state.gLink;
+    if (link.records() == 0)
+        return;
+    if (!m_running.isValid()) {
+        m_running.start();
+        m_pace.start(0);
+    }
+    const double now = static_cast<double>(m_running.elapsed()) / 1000;
+    const auto text = m_pace.text(now, link.recordsSent(), link.records());
+    if (!text)
+        return;
+    m_bar->setRange(0, link.records());
+    m_bar->setValue(link.recordsSent());
+    m_done->setText(*text);
 }
 
 } // namespace tambrix

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "controls/progress_pace.h"
 #include "shell/program_state.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QTimer>
 
 class QLabel;
+class QProgressBar;
 
 namespace tambrix {
 
@@ -29,7 +32,13 @@ private:
     void showProgress();
 
     ProgramState& m_state;
+    void showRecords();
+
     QLabel* m_progress;
+    QProgressBar* m_bar;
+    QLabel* m_done; ///< what is done of what, and the time left
+    ProgressPace m_pace{QStringLiteral("records")};
+    QElapsedTimer m_running;
     QTimer m_timer;
 };
 

@@ -2,8 +2,10 @@
 
 #include "screens/color_control_screen.h"
 
-#include "controls/fonts.h"
+#include "controls/lamp.h"
 #include "controls/named_controls.h"
+#include "controls/text_size.h"
+#include "controls/value_bar.h"
 #include "controls/value_label.h"
 
 #include <QGroupBox>
@@ -20,19 +22,16 @@ namespace {
 constexpr int kOnColumn = 1;
 constexpr int kCycleColumn = 2;
 constexpr int kDensityColumn = 3;
+constexpr int kBarColumn = 4;
+
+constexpr int kTightest = 4; // between rows; the rest of the height is shared out
 
 QLabel* makeColumnTitle(int index, const char* text)
 {
     QLabel* title = makeLabel(arrayName("lblDescription", index), QLatin1String(text));
     title->setAlignment(Qt::AlignCenter);
+    title->setForegroundRole(QPalette::PlaceholderText);
     return title;
-}
-
-/// One row of a caption and a value that the controller shows.
-void addStatusRow(QGridLayout& grid, int row, QLabel* caption, QLabel* value)
-{
-    grid.addWidget(caption, row, 0);
-    grid.addWidget(value, row, 1);
 }
 
 } // namespace
@@ -41,38 +40,43 @@ void ColorControlScreen::buildFields()
 {
     setObjectName(QStringLiteral("frmColorControl"));
     setWindowTitle(QStringLiteral("Color Control"));
-    setPoints(*this, kScreenPoints);
     for (std::size_t i = 0; i < kFields; ++i) {
         const int index = static_cast<int>(i);
         m_fields[i] = new NumericEntryField(state().prompts, *cmdDefault(), rulesOf(i));
         m_fields[i]->setNames(arrayName("txtColorCtrl", index), arrayName("updColorCtrl", index));
+        setTextSize(*m_fields[i], TextSize::Value);
     }
     m_frames = {makeColorFrame(), makeStatusFrame(), makeResponseFrame(), makeManualFrame()};
 
     auto* side = new QVBoxLayout;
-    for (const std::size_t frame : {1U, 2U, 3U})
-        side->addWidget(m_frames[frame]);
-    side->addStretch();
+    side->addWidget(m_frames[1]);
+    side->addWidget(m_frames[2]);
+    side->addWidget(m_frames[3], 1);
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(m_frames[0], 0, Qt::AlignTop);
-    layout->addLayout(side);
-    layout->addStretch();
+    layout->addWidget(m_frames[0], 3);
+    layout->addLayout(side, 2);
     setReadingOrder();
 }
 
 QGroupBox* ColorControlScreen::makeColorFrame()
 {
     QGroupBox* frame = makeFrame(arrayName("fraColorCtrl", 0), QStringLiteral("Color Control"));
-    auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(24);
-    grid->setVerticalSpacing(16);
     m_labelCaption = m_fields[kLabelField]->makeCaption(arrayName("lblDescription", 8),
                                                         QStringLiteral("&Label Number:"));
-    grid->addWidget(m_labelCaption, 0, 0);
-    grid->addWidget(m_fields[kLabelField], 0, kOnColumn, Qt::AlignHCenter);
-    grid->addWidget(makeColumnTitle(9, "ON Duration (0.1 cans)"), 1, kOnColumn);
-    grid->addWidget(makeColumnTitle(10, "CYCLE Duration (0.1 cans)"), 1, kCycleColumn);
-    grid->addWidget(makeColumnTitle(11, "Color Density"), 1, kDensityColumn);
+    auto* label = new QHBoxLayout;
+    label->addWidget(m_labelCaption);
+    label->addWidget(m_fields[kLabelField]);
+    label->addStretch();
+    auto* grid = new QGridLayout;
+    grid->setVerticalSpacing(kTightest);
+    grid->setColumnStretch(kBarColumn, 1);
+    grid->addWidget(makeColumnTitle(9, "ON Duration (0.1 cans)"), 0, kOnColumn);
+    grid->addWidget(makeColumnTitle(10, "CYCLE Duration (0.1 cans)"), 0, kCycleColumn);
+    grid->addWidget(makeColumnTitle(11, "Color Density"), 0, kDensityColumn, 1, 2);
+    auto* inside = new QVBoxLayout(frame);
+    inside->setSpacing(kTightest);
+    inside->addLayout(label);
+    inside->addLayout(grid, 1);
     for (int d = 0; d < kDuctors; ++d)
         addDuctorRow(*grid, d);
     return frame;
@@ -81,21 +85,26 @@ QGroupBox* ColorControlScreen::makeColorFrame()
 void ColorControlScreen::addDuctorRow(QGridLayout& grid, int ductor)
 {
     const auto d = static_cast<std::size_t>(ductor);
-    const int row = 2 + ductor;
+    const int row = 1 + ductor;
     NumericEntryField* on = m_fields[d];
     NumericEntryField* cycle = m_fields[d + kDuctors];
     QLabel* caption = on->makeCaption(arrayName("lblDescription", ductor),
                                       QStringLiteral("#&%1:").arg(ductor + 1));
-    caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setTextSize(*caption, TextSize::Text, true);
     const QString spoken = QStringLiteral("%1 ductor %2");
     on->setAccessibleName(spoken.arg(QStringLiteral("ON Duration")).arg(ductor + 1));
     cycle->setAccessibleName(spoken.arg(QStringLiteral("CYCLE Duration")).arg(ductor + 1));
     m_densities[d] = makeValueLabel(arrayName("lblColorCtrl", ductor), QStringLiteral("0"),
                                     spoken.arg(QStringLiteral("Color Density")).arg(ductor + 1));
+    m_densities[d]->setWidest(QStringLiteral("000.0%"));
+    m_bars[d] = new ValueBar(spoken.arg(QStringLiteral("Color Density")).arg(ductor + 1));
+    m_bars[d]->setObjectName(arrayName("picDensity", ductor));
+    grid.setRowStretch(row, 1);
     grid.addWidget(caption, row, 0);
     grid.addWidget(on, row, kOnColumn, Qt::AlignHCenter);
     grid.addWidget(cycle, row, kCycleColumn, Qt::AlignHCenter);
     grid.addWidget(m_densities[d], row, kDensityColumn);
+    grid.addWidget(m_bars[d], row, kBarColumn);
 }
 
 QGroupBox* ColorControlScreen::makeStatusFrame()
@@ -109,7 +118,14 @@ QGroupBox* ColorControlScreen::makeStatusFrame()
         ValueLabel* value =
             makeValueLabel(arrayName("lblStatus", 2 + row), QStringLiteral("-"), caption);
         m_status[2 + static_cast<std::size_t>(row)] = value;
-        addStatusRow(*grid, row, makeLabel(arrayName("lblDescription", 12 + row), caption), value);
+        value->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        setTextSize(*value, TextSize::Value, true);
+        Lamp*& lamp = m_statusLamps[static_cast<std::size_t>(row)];
+        lamp = new Lamp(spokenText(caption));
+        lamp->setObjectName(arrayName("picStatus", row));
+        grid->addWidget(makeLabel(arrayName("lblDescription", 12 + row), caption), row, 0);
+        grid->addWidget(lamp, row, 1);
+        grid->addWidget(value, row, 2);
     }
     return frame;
 }
@@ -130,7 +146,8 @@ QGroupBox* ColorControlScreen::makeResponseFrame()
         const QString caption = QLatin1String(captions[static_cast<std::size_t>(i)]);
         ValueLabel* value = makeValueLabel(arrayName("lblStatus", i), QStringLiteral("0"), caption);
         m_status[static_cast<std::size_t>(i)] = value;
-        addStatusRow(*grid, 1 + i, makeLabel(arrayName("lblDescription", 15 + i), caption), value);
+        grid->addWidget(makeLabel(arrayName("lblDescription", 15 + i), caption), 1 + i, 0);
+        grid->addWidget(value, 1 + i, 1);
     }
     return frame;
 }

@@ -1,5 +1,7 @@
 #include "screens/color_control_screen.h"
 
+#include "controls/lamp.h"
+#include "controls/value_bar.h"
 #include "controls/value_label.h"
 #include "data/color_density.h"
 
@@ -82,6 +84,8 @@ void ColorControlScreen::applyOfflineView()
     endLoad();
     for (QGroupBox* frame : m_frames)
         frame->setEnabled(false);
+    for (Lamp* lamp : m_statusLamps)
+        lamp->show(LampState::Unknown);
     m_frames[0]->setEnabled(state().gOfflineEditing);
     enableLabelSelect(state().gOfflineEditing);
     if (state().gOfflineEditing)
@@ -199,6 +203,10 @@ void ColorControlScreen::showInputs(int inputs)
                                                      : QStringLiteral("OFF"));
     m_status[3]->setValue((inputs & kAutoOnInput) != 0 ? QStringLiteral("ON")
                                                        : QStringLiteral("OFF"));
+    m_statusLamps[0]->show((inputs & kAutoInput) != 0 ? LampState::On
+                           : m_manualMode             ? LampState::Unusual
+                                                      : LampState::Off);
+    m_statusLamps[1]->show((inputs & kAutoOnInput) != 0 ? LampState::On : LampState::Off);
 }
 
 bool ColorControlScreen::writeManual()
@@ -231,6 +239,8 @@ void ColorControlScreen::showDensity(std::size_t index)
     const std::size_t ductor = index % kDuctors;
     m_densities[ductor]->setValue(colorDensity(
         m_fields[ductor]->value(), m_fields[ductor + kDuctors]->value(), m_limits.maximumOn));
+    const QString shown = m_densities[ductor]->text();
+    m_bars[ductor]->show(shown.chopped(1).toDouble() / 100, shown); // the number without its "%"
 }
 
 // --- Loading a label ---

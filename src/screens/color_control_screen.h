@@ -14,6 +14,8 @@ class QLabel;
 
 namespace tambrix {
 
+class Lamp;
+class ValueBar;
 class ValueLabel;
 
 /// The colour data of one label at a time: ON and CYCLE duration of every ductor. Besides, the
@@ -94,7 +96,9 @@ private:
     std::array<NumericEntryField*, kFields> m_fields{};
     std::bitset<kDurations> m_known; ///< what the fields show has been read in this mode
     std::array<ValueLabel*, kDuctors> m_densities{};
+    std::array<ValueBar*, kDuctors> m_bars{};
     std::array<ValueLabel*, 4> m_status{};
+    std::array<Lamp*, 2> m_statusLamps{}; ///< operational mode, ductors auto on
     QLabel* m_labelCaption = nullptr;
     BitBoxes m_manual;
     std::array<QGroupBox*, 4> m_frames{};

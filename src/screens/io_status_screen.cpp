@@ -1,7 +1,9 @@
 #include "screens/io_status_screen.h"
 
-#include "controls/fonts.h"
+#include "controls/lamp.h"
 #include "controls/named_controls.h"
+#include "controls/rule.h"
+#include "controls/text_size.h"
 #include "controls/value_label.h"
 #include "data/parameters.h"
 
@@ -60,7 +62,10 @@ constexpr std::array kInputNames = {"Ductor Control - Auto",
 
 const QColor kOnColor(0, 0, 255);
 const QColor kOffColor(192, 0, 0);
-const QColor kPlate(240, 240, 240); // both colors read well on it, on a dark desktop too
+
+constexpr int kRowsOfByte = 8;
+constexpr int kTightest = 1; // between rows; the rest of the height is shared out
+const QString kWidestState = QStringLiteral("OFF");
 
 /// "(B100.3)    3:" and, counted in octal, "(B131.3)  13:".
 QString terminal(int row, int lowRegister, int highRegister)
@@ -84,16 +89,21 @@ void setColor(QLabel& label, const QColor& color)
     label.setPalette(palette);
 }
 
-void showLamp(ValueLabel& label, bool on)
+void showState(ValueLabel& label, bool on)
 {
     label.setValue(on ? QStringLiteral("ON") : QStringLiteral("off"));
     setColor(label, on ? kOnColor : kOffColor);
 }
 
-void showLamps(std::span<ValueLabel* const> labels, int bits)
+/// `lit` is what the lamp of a set bit shows.
+void showStates(std::span<ValueLabel* const> labels, std::span<Lamp* const> lamps, int bits,
+                LampState lit)
 {
-    for (std::size_t b = 0; b < labels.size(); ++b)
-        showLamp(*labels[b], (bits & (1 << b)) != 0);
+    for (std::size_t b = 0; b < labels.size(); ++b) {
+        const bool on = (bits & (1 << b)) != 0;
+        showState(*labels[b], on);
+        lamps[b]->show(on ? lit : LampState::Off);
+    }
 }
 
 struct SlotFrame
@@ -101,37 +111,52 @@ struct SlotFrame
     const char* caption;
     const char* name;      ///< of the caption labels
     const char* stateName; ///< of the state labels
+    const char* lampName;  ///< of the lamps
     int lowRegister;       ///< rows 0 to 7
     int highRegister;      ///< rows 8 to 15
     std::function<QString(int row)> rowName;
 };
 
-ValueLabel* makeLamp(const QString& name, const QString& text, const QString& accessibleName)
+ValueLabel* makeState(const QString& name, const QString& text, const QString& what)
 {
-    ValueLabel* lamp = makeValueLabel(name, text, accessibleName);
-    QPalette palette = lamp->palette();
-    palette.setColor(QPalette::Window, kPlate);
+    ValueLabel* state = makeValueLabel(name, text, what);
+    QPalette palette = state->palette();
     palette.setColor(QPalette::Disabled, QPalette::WindowText, Qt::darkGray);
-    lamp->setPalette(palette);
-    lamp->setAutoFillBackground(true);
-    return lamp;
+    state->setPalette(palette);
+    state->setOnPlate();
+    return state;
 }
 
-QGroupBox* makeSlot(const SlotFrame& slot, int frameIndex, std::span<ValueLabel*> states)
+/// The lamp, terminal, name and state text of one point.
+void addPoint(QGridLayout& grid, const SlotFrame& slot, int row, ValueLabel*& state, Lamp*& lamp)
+{
+    const QString name = slot.rowName(row);
+    const int place = row < kRowsOfByte ? row : row + 1; // the rule stands between the bytes
+    lamp = new Lamp(name);
+    lamp->setObjectName(arrayName(slot.lampName, row));
+    QLabel* caption =
+        makeLabel(arrayName(slot.name, row), terminal(row, slot.lowRegister, slot.highRegister));
+    caption->setForegroundRole(QPalette::PlaceholderText);
+    state = makeState(arrayName(slot.stateName, row), QStringLiteral("OFF"), name);
+    setTextSize(*state, TextSize::Text, true);
+    state->setWidest(kWidestState);
+    grid.addWidget(lamp, place, 0);
+    grid.addWidget(caption, place, 1);
+    grid.addWidget(new QLabel(name), place, 2);
+    grid.addWidget(state, place, 3);
+    grid.setRowStretch(place, 1);
+}
+
+QGroupBox* makeSlot(const SlotFrame& slot, int frameIndex, std::span<ValueLabel*> states,
+                    std::span<Lamp*> lamps)
 {
     QGroupBox* frame = makeFrame(arrayName("fraBMIO", frameIndex), QLatin1String(slot.caption));
     auto* grid = new QGridLayout(frame);
-    grid->setColumnStretch(1, 1);
-    for (int row = 0; row < static_cast<int>(states.size()); ++row) {
-        const QString name = slot.rowName(row);
-        ValueLabel*& state = states[static_cast<std::size_t>(row)];
-        state = makeLamp(arrayName(slot.stateName, row), QStringLiteral("OFF"), name);
-        grid->addWidget(makeLabel(arrayName(slot.name, row),
-                                  terminal(row, slot.lowRegister, slot.highRegister)),
-                        row, 0);
-        grid->addWidget(new QLabel(name), row, 1);
-        grid->addWidget(state, row, 2);
-    }
+    grid->setVerticalSpacing(kTightest);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(new Rule, kRowsOfByte, 0, 1, 4);
+    for (std::size_t row = 0; row < states.size(); ++row)
+        addPoint(*grid, slot, static_cast<int>(row), states[row], lamps[row]);
     return frame;
 }
 
@@ -143,23 +168,26 @@ IoStatusScreen::IoStatusScreen(ProgramState& state)
     setObjectName(QStringLiteral("frmDisplayIO"));
     setWindowTitle(QStringLiteral("I/O Status"));
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(m_frames[0], 3, Qt::AlignTop);
+    layout->addWidget(m_frames[0], 3);
     layout->addWidget(m_frames[1], 5);
     layout->addWidget(m_frames[2], 5);
-    setPoints(*this, kScreenPoints);
 }
 
 QGroupBox* IoStatusScreen::makeModule()
 {
     QGroupBox* frame = makeFrame(arrayName("fraBMIO", 0), QStringLiteral("Q900"));
     auto* grid = new QGridLayout(frame);
+    grid->setVerticalSpacing(kTightest);
     grid->setColumnStretch(0, 1);
     for (int row = 0; row < static_cast<int>(kModuleRows); ++row) {
         const auto entry = static_cast<std::size_t>(row);
         const QString caption = QLatin1String(kModuleCaptions[entry]);
-        m_module[entry] = makeLamp(arrayName("lblq910State", row), QStringLiteral("0"), caption);
-        grid->addWidget(makeLabel(arrayName("lblq910", row), caption), row, 0);
-        grid->addWidget(m_module[entry], row, 1);
+        m_module[entry] = makeState(arrayName("lblq910State", row), QStringLiteral("0"), caption);
+        setTextSize(*m_module[entry], TextSize::Text, true);
+        grid->addWidget(makeLabel(arrayName("lblq910", row), caption), 2 * row, 0);
+        grid->addWidget(m_module[entry], 2 * row, 1);
+        grid->addWidget(new Rule, 2 * row + 1, 0, 1, 2);
+        grid->setRowStretch(2 * row, 1);
     }
     return frame;
 }
@@ -170,7 +198,8 @@ QGroupBox* IoStatusScreen::makeInputs()
         return row < 8 ? QString(QLatin1String(kInputNames[static_cast<std::size_t>(row)]))
                        : numbered("Ductor Feedback Sensor", row);
     };
-    return makeSlot({"Slot0-0", "lblSlot00", "lblSlot00State", 100, 131, rowName}, 1, m_inputs);
+    return makeSlot({"Slot0-0", "lblSlot00", "lblSlot00State", "picSlot00", 100, 131, rowName}, 1,
+                    m_inputs, m_inputLamps);
 }
 
 QGroupBox* IoStatusScreen::makeOutputs()
@@ -178,7 +207,8 @@ QGroupBox* IoStatusScreen::makeOutputs()
     const auto rowName = [](int row) {
         return numbered(row < 8 ? "Ductor Solenoid" : "Ductor Feedback Fault", row);
     };
-    return makeSlot({"Slot0-1", "lblSlot01", "lblSlot01State", 110, 111, rowName}, 2, m_outputs);
+    return makeSlot({"Slot0-1", "lblSlot01", "lblSlot01State", "picSlot01", 110, 111, rowName}, 2,
+                    m_outputs, m_outputLamps);
 }
 
 void IoStatusScreen::applyOnlineView()
@@ -204,6 +234,10 @@ void IoStatusScreen::showDashes(bool enabled)
     dash(m_module);
     dash(m_inputs);
     dash(m_outputs);
+    for (const SlotLamps* lamps : {&m_inputLamps, &m_outputLamps}) {
+        for (Lamp* lamp : *lamps)
+            lamp->show(LampState::Unknown);
+    }
 }
 
 Task IoStatusScreen::onlinePass()
@@ -216,17 +250,28 @@ Task IoStatusScreen::onlinePass()
 void IoStatusScreen::showEntry(std::size_t entry, const QString& value)
 {
     if (entry <= kLastLamp)
-        showLamp(*m_module[entry], false);
+        showState(*m_module[entry], false);
     else if (entry < kUnshown)
         m_module[entry]->setValue(value);
     else if (entry == kUnshown)
         return;
     else if (entry == kInputByte)
-        showLamps(std::span(m_inputs).first<8>(), value.toInt());
+        showStates(std::span(m_inputs).first<8>(), std::span(m_inputLamps).first<8>(),
+                   value.toInt(), LampState::On);
     else if (entry == kSensorByte)
-        showLamps(std::span(m_inputs).last<8>(), value.toInt());
+        showStates(std::span(m_inputs).last<8>(), std::span(m_inputLamps).last<8>(), value.toInt(),
+                   LampState::On);
     else
-        showLamps(m_outputs, value.toInt());
+        showOutputs(value.toInt());
+}
+
+/// A feedback fault is an alarm.
+void IoStatusScreen::showOutputs(int bits)
+{
+    showStates(std::span(m_outputs).first<8>(), std::span(m_outputLamps).first<8>(), bits,
+               LampState::On);
+    showStates(std::span(m_outputs).last<8>(), std::span(m_outputLamps).last<8>(),
+               bits >> kRowsOfByte, LampState::Alarm);
 }
 
 } // namespace tambrix

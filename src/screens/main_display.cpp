@@ -1,18 +1,21 @@
 #include "screens/main_display.h"
 
+#include "controls/alarm_banner.h"
+#include "controls/calm_style.h"
+#include "controls/fitted_label.h"
 #include "controls/fonts.h"
-#include "controls/value_label.h"
+#include "controls/lamp.h"
+#include "controls/text_size.h"
 #include "data/parameters.h"
+#include "screens/first_steps.h"
 
 #include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTime>
 #include <QVBoxLayout>
-
-#include <algorithm>
-#include <array>
 
 namespace tambrix {
 
@@ -20,67 +23,88 @@ namespace {
 
 const std::array<std::string, 1> kDisplayRegisters = {reg::kMachineSpeed.address};
 
-constexpr int kSmallestMessagePoints = 10;
-constexpr int kLargestMessagePoints = 30;
-constexpr int kSmallestSpeedPoints = 10;
-constexpr int kLargestSpeedPoints = 220;
-constexpr int kFramePoints = 14;
-constexpr int kButtonPoints = 18;
-
-/// The widest usual speed; sizes the figure once, so that it does not jump from one digit to the
-/// next. A speed of five digits gets a size of its own.
-const QString kUsualSpeed = QStringLiteral("0000");
-
-QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* content)
-{
-    auto* frame = new QGroupBox(caption);
-    frame->setObjectName(name);
-    setPoints(*frame, kFramePoints);
-    auto* layout = new QVBoxLayout(frame);
-    layout->addWidget(content);
-    return frame;
-}
+constexpr int kSmallestMessagePoints = 7;
+constexpr int kLampGrids = 4;
 
 } // namespace
 
 MainDisplay::MainDisplay(ProgramState& state)
     : Screen(state),
+      m_banner(new AlarmBanner),
       m_messages(new QPlainTextEdit),
-      m_speed(new ValueLabel(QStringLiteral("lblDisplay"), QStringLiteral("Machine CPM"),
-                             QStringLiteral("-"))),
-      m_reset(new QPushButton(QStringLiteral("&Reset Alarms")))
+      m_firstSteps(new FirstSteps),
+      m_speed(new FittedLabel(QStringLiteral("lblDisplay"), QStringLiteral("Machine CPM"),
+                              QStringLiteral("-"), QStringLiteral("0000"))),
+      m_reset(makeButton(QStringLiteral("cmdAlarmReset"), QStringLiteral("&Reset Alarms")))
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Main Display"));
-
+    m_banner->setObjectName(QStringLiteral("picAlarm"));
     m_messages->setObjectName(QStringLiteral("txtMessageDisplay"));
     m_messages->setAccessibleName(QStringLiteral("Messages"));
     m_messages->setReadOnly(true);
     m_messages->setTabChangesFocus(true);
-    m_speed->setAlignment(Qt::AlignCenter);
-    m_speed->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    m_reset->setObjectName(QStringLiteral("cmdAlarmReset"));
-    m_reset->setMinimumHeight(72);
+    m_messages->viewport()->installEventFilter(this); // its size is known later than the screen's
 
-    QGroupBox* messageFrame =
-        makeFrame(QStringLiteral("fraMessageDisplay"), QStringLiteral("Messages"), m_messages);
-    m_speedFrame =
-        makeFrame(QStringLiteral("fraDisplay(0)"), QStringLiteral("Machine CPM"), m_speed);
-    m_resetFrame =
-        makeFrame(QStringLiteral("fraDisplay(1)"), QStringLiteral("Alarm Reset"), m_reset);
-    setPoints(*m_reset, kButtonPoints);
-
-    auto* side = new QVBoxLayout;
-    side->addWidget(m_speedFrame, 1);
-    side->addWidget(m_resetFrame);
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(messageFrame, 3);
-    layout->addLayout(side, 2);
+    layout->addLayout(makeMessages(), 3);
+    layout->addLayout(makeSide(), 2);
+}
 
-    // Their own sizes count: on a second showing they come later than the screen's.
-    m_speed->installEventFilter(this);
-    m_messages->viewport()->installEventFilter(this);
+QLayout* MainDisplay::makeMessages()
+{
+    QGroupBox* frame = makeFrame(QStringLiteral("fraMessageDisplay"), QStringLiteral("Messages"));
+    auto* inside = new QVBoxLayout(frame);
+    inside->addWidget(m_messages);
+    auto* column = new QVBoxLayout;
+    column->addWidget(m_banner);
+    column->addWidget(frame, 1);
+    column->addWidget(m_firstSteps);
+    return column;
+}
+
+QLayout* MainDisplay::makeSide()
+{
+    auto* column = new QVBoxLayout;
+    column->addWidget(makeSpeed(), 1);
+    column->addWidget(makeDuctors());
+    column->addWidget(makeReset());
+    return column;
+}
+
+QGroupBox* MainDisplay::makeSpeed()
+{
+    m_speedFrame = makeFrame(QStringLiteral("fraDisplay(0)"), QStringLiteral("Machine CPM"));
+    auto* inside = new QVBoxLayout(m_speedFrame);
+    inside->addWidget(m_speed, 1);
+    inside->addWidget(makeDimLabel(QStringLiteral("cans per minute")), 0, Qt::AlignCenter);
+    return m_speedFrame;
+}
+
+QGroupBox* MainDisplay::makeDuctors()
+{
+    QGroupBox* frame = makeFrame(QStringLiteral("fraDuctors"), QStringLiteral("Ductors"));
+    auto* row = new QHBoxLayout(frame);
+    for (int d = 0; d < kDuctors; ++d) {
+        const QString number = QString::number(d + 1);
+        auto* lamp = new Lamp("Ductor " + number, kLampGrids, number);
+        lamp->setObjectName(arrayName("picDuctor", d));
+        lamp->setWords(QStringLiteral("off"), QStringLiteral("no fault"),
+                       QStringLiteral("no feedback"));
+        row->addWidget(lamp, 1);
+        m_ductors[static_cast<std::size_t>(d)] = lamp;
+    }
+    return frame;
+}
+
+QGroupBox* MainDisplay::makeReset()
+{
+    m_resetFrame = makeFrame(QStringLiteral("fraDisplay(1)"), QStringLiteral("Alarm Reset"));
+    auto* inside = new QVBoxLayout(m_resetFrame);
+    inside->addWidget(m_reset);
+    setTextSize(*m_reset, TextSize::Value);
     connect(m_reset, &QPushButton::clicked, this, &MainDisplay::resetAlarms);
+    return m_resetFrame;
 }
 
 void MainDisplay::applyOnlineView()
@@ -91,7 +115,7 @@ void MainDisplay::applyOnlineView()
 void MainDisplay::applyOfflineView()
 {
     enableControls(false);
-    showSpeed(QStringLiteral("-"));
+    m_speed->setValue(QStringLiteral("-"));
 }
 
 void MainDisplay::enableControls(bool enabled)
@@ -105,6 +129,8 @@ void MainDisplay::enableControls(bool enabled)
 
 void MainDisplay::refreshAlways()
 {
+    showAlarms();
+    m_firstSteps->setVisible(!online() && !state().everConnected);
     QString message = state().gSystemMessage;
     message.remove(u'\r');
     if (m_messages->toPlainText() == message)
@@ -113,10 +139,30 @@ void MainDisplay::refreshAlways()
     fitMessageFont();
 }
 
+/// By the alarm word that the main window's poll reads anyway; unknown, nothing is green.
+void MainDisplay::showAlarms()
+{
+    const std::optional<int> word = online() ? state().alarmWord : std::nullopt;
+    const int faults = std::max(word.value_or(0), 0);
+    if (word)
+        m_banner->showAlarms(static_cast<std::uint8_t>(faults), QTime::currentTime());
+    else if (online())
+        m_banner->showUnknown(QStringLiteral("Not read yet"));
+    else
+        m_banner->showUnknown(state().gLink.CommError ? QStringLiteral("No communication")
+                                                      : QStringLiteral("Off line"));
+    for (std::size_t d = 0; d < m_ductors.size(); ++d)
+        m_ductors[d]->show(!word                      ? LampState::Unknown
+                           : (faults & (1 << d)) != 0 ? LampState::Alarm
+                                                      : LampState::On);
+    setPrimary(*m_reset, m_banner->alarmed());
+}
+
 Task MainDisplay::onlinePass()
 {
-    return readRegisters(kDisplayRegisters,
-                         [this](std::size_t, const QString& speed) { showSpeed(speed.trimmed()); });
+    return readRegisters(kDisplayRegisters, [this](std::size_t, const QString& speed) {
+        m_speed->setValue(speed.trimmed());
+    });
 }
 
 void MainDisplay::resetAlarms()
@@ -125,37 +171,20 @@ void MainDisplay::resetAlarms()
         state().gLink.RSWrite(reg::kAlarmReset.address, "1");
 }
 
-void MainDisplay::showSpeed(const QString& speed)
-{
-    if (speed == m_speed->text())
-        return;
-    m_speed->setValue(speed);
-    fitSpeedFont();
-}
-
 bool MainDisplay::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Resize && watched == m_speed)
-        fitSpeedFont();
-    else if (event->type() == QEvent::Resize)
+    if (event->type() == QEvent::Resize)
         fitMessageFont();
     return Screen::eventFilter(watched, event);
 }
 
+/// As large as a value, and smaller where all messages would not be seen at once.
 void MainDisplay::fitMessageFont()
 {
-    setPoints(*m_messages, fittingPointSize(m_messages->font(), m_messages->toPlainText(),
-                                            m_messages->viewport()->size(), kSmallestMessagePoints,
-                                            kLargestMessagePoints));
-}
-
-void MainDisplay::fitSpeedFont()
-{
-    const QString widest = std::max(kUsualSpeed, m_speed->text(), [](auto& left, auto& right) {
-        return left.size() < right.size();
-    });
-    setPoints(*m_speed, fittingPointSize(m_speed->font(), widest, m_speed->size(),
-                                         kSmallestSpeedPoints, kLargestSpeedPoints));
+    const int largest = std::max(font().pointSize() * 5 / 4, kSmallestMessagePoints);
+    setPoints(*m_messages,
+              fittingPointSize(m_messages->font(), m_messages->toPlainText(),
+                               m_messages->viewport()->size(), kSmallestMessagePoints, largest));
 }
 
 } // namespace tambrix

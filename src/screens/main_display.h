@@ -1,15 +1,23 @@
 #pragma once
 
+#include "data/setup_data.h"
 #include "shell/screen.h"
 
+#include <array>
+
 class QGroupBox;
+class QLayout;
 class QPlainTextEdit;
 
 namespace tambrix {
 
-class ValueLabel;
+class AlarmBanner;
+class FirstSteps;
+class FittedLabel;
+class Lamp;
 
-/// The operator's overview: system and alarm messages, machine speed, and the alarm reset.
+/// The operator's overview: system and alarm messages, machine speed, and the alarm reset. Beside
+/// them the same as pictures, for whoever stands at the press: a banner, and a lamp per ductor.
 class MainDisplay : public Screen
 {
     Q_OBJECT
@@ -25,15 +33,22 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QLayout* makeMessages();
+    QLayout* makeSide();
+    QGroupBox* makeSpeed();
+    QGroupBox* makeDuctors();
+    QGroupBox* makeReset();
     void resetAlarms();
     void enableControls(bool enabled);
-    void showSpeed(const QString& speed);
+    void showAlarms();
     void fitMessageFont();
-    void fitSpeedFont();
 
+    AlarmBanner* m_banner;
     QPlainTextEdit* m_messages;
+    FirstSteps* m_firstSteps;
     QGroupBox* m_speedFrame;
-    ValueLabel* m_speed;
+    FittedLabel* m_speed;
+    std::array<Lamp*, kDuctors> m_ductors{};
     QGroupBox* m_resetFrame;
     QPushButton* m_reset;
 };

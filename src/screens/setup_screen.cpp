@@ -1,14 +1,15 @@
 #include "screens/setup_screen.h"
 
-#include "controls/fonts.h"
+#include "controls/cycle_ring.h"
 #include "controls/named_controls.h"
-#include "controls/value_label.h"
+#include "controls/text_size.h"
 #include "data/parameters.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace tambrix {
 
@@ -18,6 +19,8 @@ const std::array<std::string, 5> kRegisters = {
     reg::kSetupParameters[0].address, reg::kSetupParameters[1].address,
     reg::kSetupParameters[2].address, reg::kSetupParameters[3].address,
     reg::kFeedbackEnable.address};
+constexpr std::size_t kCycleEntry = 0;
+constexpr std::size_t kOnEntry = 1;
 constexpr std::size_t kFeedbackEntry = 4;
 constexpr int kAllDuctors = 255;
 
@@ -31,7 +34,7 @@ constexpr int kTypedSlot = labelBase(6) + kDuctors + 4;
 
 QLabel* makeRangeHint(const Parameter& parameter)
 {
-    return new QLabel(QStringLiteral("%1 to %2").arg(parameter.minimum).arg(parameter.maximum));
+    return makeDimLabel(QStringLiteral("%1 to %2").arg(parameter.minimum).arg(parameter.maximum));
 }
 
 } // namespace
@@ -45,27 +48,30 @@ SetupScreen::SetupScreen(ProgramState& state)
 {
     setObjectName(QStringLiteral("frmSetup"));
     setWindowTitle(QStringLiteral("Set-Up"));
-    setPoints(*this, kScreenPoints);
-    stackFrames(*this, {m_parameterFrame, m_feedbackFrame});
+    auto* left = new QVBoxLayout;
+    left->addWidget(m_parameterFrame);
+    left->addWidget(m_feedbackFrame, 1);
+    auto* layout = new QHBoxLayout(this);
+    layout->addLayout(left, 3);
+    layout->addWidget(makeCycle(), 2);
 }
 
 QGroupBox* SetupScreen::makeParameters()
 {
     QGroupBox* frame = makeFrame(arrayName("fraSetup", 0), QStringLiteral("Cycling Parameters"));
     auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(12);
     for (std::size_t i = 0; i < kFields; ++i) {
         const int row = static_cast<int>(i);
         m_fields[i] = new NumericEntryField(state().prompts, *cmdDefault(), rulesOf(i));
         m_fields[i]->setNames(arrayName("txtSetup", row), arrayName("updSetup", row));
+        setTextSize(*m_fields[i], TextSize::Value);
         grid->addWidget(
             m_fields[i]->makeCaption(arrayName("lblDescription", row), QLatin1String(kCaptions[i])),
             row, 0);
         grid->addWidget(m_fields[i], row, 1);
         grid->addWidget(makeRangeHint(reg::kSetupParameters[i]), row, 2);
     }
-    grid->setColumnStretch(3, 1);
+    grid->setColumnStretch(0, 1);
     return frame;
 }
 
@@ -81,6 +87,20 @@ QGroupBox* SetupScreen::makeFeedback()
 
     m_feedback.layOut(*frame, *enableAll, *disableAll);
     return frame;
+}
+
+/// The longest ON window within the longest cycle, as the two limits stand.
+QGroupBox* SetupScreen::makeCycle()
+{
+    m_cycleFrame =
+        makeFrame(QStringLiteral("fraCycle"), QStringLiteral("One cycle at these limits"));
+    m_ring = new CycleRing(QStringLiteral("One cycle at these limits"));
+    m_ring->setObjectName(QStringLiteral("picCycle"));
+    auto* inside = new QVBoxLayout(m_cycleFrame);
+    inside->addWidget(m_ring, 1);
+    inside->addWidget(makeDimLabel(QStringLiteral("shortest cycle: ON + 6.0 cans")), 0,
+                      Qt::AlignCenter);
+    return m_cycleFrame;
 }
 
 EntryRules SetupScreen::rulesOf(std::size_t entry)
@@ -130,6 +150,7 @@ void SetupScreen::enableControls(bool enabled)
     m_known.reset();
     m_parameterFrame->setEnabled(enabled);
     m_feedbackFrame->setEnabled(enabled);
+    m_cycleFrame->setEnabled(enabled);
 }
 
 Task SetupScreen::onlinePass()
@@ -151,6 +172,10 @@ void SetupScreen::showEntry(std::size_t entry, const QString& value)
         return m_feedback.show(value.toInt());
     m_fields[entry]->showValue(value);
     m_known.set(entry, m_known[entry] || !m_fields[entry]->beingEdited());
+    if (entry == kCycleEntry)
+        m_maximumCycle = value.toInt();
+    else if (entry == kOnEntry)
+        m_ring->show(value.toInt(), m_maximumCycle);
 }
 
 /// The buttons leave the boxes alone; the next pass shows what the controller made of it. False,

@@ -11,6 +11,8 @@ class QGroupBox;
 
 namespace tambrix {
 
+class CycleRing;
+
 /// The controller's machine-wide colour-control parameters: four numbers, and per ductor whether
 /// its feedback is watched.
 class SetupScreen : public Screen
@@ -31,6 +33,7 @@ private:
 
     QGroupBox* makeParameters();
     QGroupBox* makeFeedback();
+    QGroupBox* makeCycle();
     EntryRules rulesOf(std::size_t entry);
     void learn(std::size_t entry);
     void enableControls(bool enabled);
@@ -42,6 +45,9 @@ private:
     BitBoxes m_feedback;
     QGroupBox* m_parameterFrame;
     QGroupBox* m_feedbackFrame;
+    QGroupBox* m_cycleFrame = nullptr;
+    CycleRing* m_ring = nullptr;
+    int m_maximumCycle = 0; ///< as last read
 };
 
 } // namespace tambrix

@@ -1,8 +1,9 @@
 #include "screens/shift_data_screen.h"
 
-#include "controls/fonts.h"
 #include "controls/named_controls.h"
 #include "controls/numeric_entry_field.h"
+#include "controls/text_size.h"
+#include "controls/value_bar.h"
 #include "controls/value_label.h"
 #include "data/parameters.h"
 #include "data/typed_number.h"
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace tambrix {
 
@@ -29,8 +31,7 @@ std::array<std::string, kDuctors> countRegisters()
 const std::array<std::string, kDuctors> kCounts = countRegisters();
 constexpr const char* kResetRequest = "B43";
 constexpr int kAllDuctors = 255;
-constexpr int kCountPoints = 20;
-const QString kWidestCount = QStringLiteral("655,359,999");
+const QString kUsualCount = QStringLiteral("000,000"); // more gets room when it comes
 
 QString grouped(qint64 count)
 {
@@ -55,30 +56,34 @@ ShiftDataScreen::ShiftDataScreen(ProgramState& state)
 {
     setObjectName(QStringLiteral("frmData"));
     setWindowTitle(QStringLiteral("Shift Data"));
-    setPoints(*this, kScreenPoints);
-    for (ValueLabel* count : m_counts) {
-        setPoints(*count, kCountPoints);
-        count->setMinimumWidth(count->fontMetrics().horizontalAdvance(kWidestCount) + 24);
-    }
-    stackFrames(*this, {m_countFrame, m_resetFrame});
+    auto* side = new QVBoxLayout;
+    side->addWidget(m_resetFrame);
+    side->addStretch();
+    auto* layout = new QHBoxLayout(this);
+    layout->addWidget(m_countFrame, 3);
+    layout->addLayout(side, 2);
 }
 
-/// Ductors 1 to 4 on the left, 5 to 8 on the right.
+/// A row per ductor; its bar has the same scale as all others.
 QGroupBox* ShiftDataScreen::makeCounts()
 {
     QGroupBox* frame =
         makeFrame(QStringLiteral("fraCounts"), QStringLiteral("Cycles in this Shift"));
     auto* grid = new QGridLayout(frame);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(12);
-    constexpr int kRows = kDuctors / 2;
+    grid->setColumnStretch(2, 1);
     for (int d = 0; d < kDuctors; ++d) {
+        const auto ductor = static_cast<std::size_t>(d);
         const QString caption = QStringLiteral("Ductor #%1:").arg(d + 1);
-        auto* count = makeValueLabel(arrayName("lblData", d + 1), QStringLiteral("0"), caption);
-        m_counts[static_cast<std::size_t>(d)] = count;
-        const int column = 2 * (d / kRows);
-        grid->addWidget(makeLabel(arrayName("lblDescription", d + 1), caption), d % kRows, column);
-        grid->addWidget(count, d % kRows, column + 1);
+        m_counts[ductor] =
+            makeValueLabel(arrayName("lblData", d + 1), QStringLiteral("0"), caption);
+        m_counts[ductor]->setWidest(kUsualCount);
+        setTextSize(*m_counts[ductor], TextSize::Title, true);
+        m_bars[ductor] = new ValueBar(spokenText(caption));
+        m_bars[ductor]->setObjectName(arrayName("picCount", d));
+        grid->addWidget(makeLabel(arrayName("lblDescription", d + 1), caption), d, 0);
+        grid->addWidget(m_counts[ductor], d, 1);
+        grid->addWidget(m_bars[ductor], d, 2);
+        grid->setRowStretch(d, 1);
     }
     return frame;
 }
@@ -96,14 +101,14 @@ QGroupBox* ShiftDataScreen::makeReset()
     connect(m_reset, &QPushButton::clicked, this, &ShiftDataScreen::resetCounts);
 
     QGroupBox* frame = makeFrame(QStringLiteral("fraReset"), QStringLiteral("Reset"));
-    auto* row = new QHBoxLayout(frame);
-    row->setSpacing(16);
-    row->addWidget(
-        m_ductor->makeCaption(arrayName("lblDescription", 0), QStringLiteral("Ductor Number:")));
-    row->addWidget(m_ductor);
-    row->addWidget(new QLabel(QStringLiteral("1 to 8, 0 for all")));
-    row->addStretch();
-    row->addWidget(m_reset);
+    auto* grid = new QGridLayout(frame);
+    grid->addWidget(
+        m_ductor->makeCaption(arrayName("lblDescription", 0), QStringLiteral("Ductor Number:")), 0,
+        0);
+    grid->addWidget(m_ductor, 0, 1);
+    grid->addWidget(makeDimLabel(QStringLiteral("1 to 8, 0 for all")), 0, 2);
+    grid->addWidget(m_reset, 1, 0, 1, 3);
+    setTextSize(*m_ductor, TextSize::Value);
     return frame;
 }
 
@@ -135,6 +140,10 @@ Task ShiftDataScreen::offlinePass()
 void ShiftDataScreen::showCount(std::size_t ductor, qint64 count)
 {
     m_counts[ductor]->setValue(grouped(count));
+    m_values[ductor] = static_cast<double>(count);
+    const double end = scaleEnd(m_values);
+    for (std::size_t d = 0; d < m_bars.size(); ++d)
+        m_bars[d]->show(m_values[d] / end, m_counts[d]->text());
 }
 
 /// An access key brings us here without the focus having left the number.

@@ -10,6 +10,7 @@ class QGroupBox;
 namespace tambrix {
 
 class NumericEntryField;
+class ValueBar;
 class ValueLabel;
 
 /// How often each ductor has cycled in this shift, and the reset of those counts.
@@ -33,6 +34,8 @@ private:
     void resetCounts();
 
     std::array<ValueLabel*, kDuctors> m_counts{};
+    std::array<ValueBar*, kDuctors> m_bars{};
+    std::array<double, kDuctors> m_values{}; ///< the counts shown
     NumericEntryField* m_ductor;
     QPushButton* m_reset;
     QGroupBox* m_countFrame;

@@ -3,34 +3,22 @@
 #include "data/link_text.h"
 #include "data/parameters.h"
 #include "shell/file_drop.h"
+#include "shell/screen_place.h"
 #include "shell/status_panels.h"
+#include "shell/toolbar.h"
 #include "shell/window_below.h"
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QLabel>
 #include <QStatusBar>
-#include <QVBoxLayout>
 
 namespace tambrix {
 
 namespace {
 
-constexpr int kPollInterval = 500; // ms
-constexpr int kTitlePoints = 13;
+constexpr int kPollInterval = 500;     // ms
 constexpr QSize kFirstSize(1280, 690); // the frame included it fits 1366 x 768
 const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
-
-QLabel* makeScreenTitle()
-{
-    auto* title = new QLabel;
-    QFont font = title->font();
-    font.setPointSize(kTitlePoints);
-    font.setBold(true);
-    title->setFont(font);
-    title->setContentsMargins(10, 6, 10, 0);
-    return title;
-}
 
 } // namespace
 
@@ -39,22 +27,19 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
       m_files(state),
       m_screens(std::move(screens)),
       m_panels(new StatusPanels(*statusBar())),
-      m_screenTitle(makeScreenTitle())
+      m_place(new ScreenPlace),
+      m_toolbar(new Toolbar(state))
 {
     setObjectName(QStringLiteral("frmTambrix"));
     resize(kFirstSize);
-    auto* place = new QWidget;
-    m_screenPlace = new QVBoxLayout(place);
-    m_screenPlace->setContentsMargins(0, 0, 0, 0);
-    m_screenPlace->setSpacing(0);
-    m_screenPlace->addWidget(m_screenTitle);
-    setCentralWidget(place);
+    setCentralWidget(m_place);
 
     buildFileMenu(commands);
     buildEditMenu(commands);
     buildViewMenu(commands);
     buildWindowMenu();
     buildHelpMenu(commands);
+    buildToolbar();
 
     connect(m_panels, &StatusPanels::modeClicked, this,
             [this] { setOnline(!m_state.gLink.OnlineMode); });
@@ -108,9 +93,7 @@ void MainWindow::showScreen(ScreenId screen)
     m_currentScreen = screen;
     m_windowItems[slot]->setChecked(true);
     m_screen = m_screens[slot](m_state).release();
-    m_screenPlace->addWidget(m_screen, 1);
-    m_screenTitle->setText(m_screen->windowTitle());
-    m_screen->show();
+    m_place->put(*m_screen);
     m_screen->activate();
 }
 
@@ -119,8 +102,7 @@ void MainWindow::unloadScreen()
     if (m_screen == nullptr)
         return;
     m_screen->deactivate();
-    m_screen->hide();
-    m_screenPlace->removeWidget(m_screen);
+    m_place->take(*m_screen);
     m_screen->deleteLater(); // it may be its own shortcut or button that brought us here
     m_screen.clear();
 }
@@ -138,6 +120,7 @@ void MainWindow::setOnline(bool wanted)
 void MainWindow::showMode(bool online)
 {
     m_panels->showMode(online);
+    m_toolbar->showMode(online);
     m_online->setChecked(online);
     m_offline->setChecked(!online);
     m_passcode->setEnabled(online);
@@ -150,14 +133,22 @@ void MainWindow::poll()
     const SystemMessage message = pollMessage();
     m_state.gSystemMessage = message.display;
     m_panels->showStatus(message.status);
+    m_toolbar->refresh();
 }
 
 SystemMessage MainWindow::pollMessage()
 {
     RSComm& link = m_state.gLink;
-    if (!link.OnlineMode)
+    if (!link.OnlineMode) {
+        m_state.alarmWord.reset();
         return offlineMessage(link.CommError);
-    return onlineMessage(link.CommError ? 0 : std::stoi(link.RSRead(reg::kAlarms.address)));
+    }
+    const int word = link.CommError ? 0 : std::stoi(link.RSRead(reg::kAlarms.address));
+    if (link.CommError)
+        m_state.alarmWord.reset();
+    else if (link.readSucceeded())
+        m_state.alarmWord = word;
+    return onlineMessage(word);
 }
 
 void MainWindow::editPasscode()

@@ -14,13 +14,13 @@
 #include <memory>
 
 class QAction;
-class QLabel;
 class QMenu;
-class QVBoxLayout;
 
 namespace tambrix {
 
+class ScreenPlace;
 class StatusPanels;
+class Toolbar;
 
 /// The child screens, in Window-menu order.
 enum class ScreenId { MainDisplay, SetupParameters, ShiftData, ColorControl, IoStates };
@@ -64,6 +64,9 @@ public:
     void goOnline() { setOnline(true); }
     void goOffline() { setOnline(false); }
 
+    /// The bar below the menus; rooms beside the shell add their tools to it.
+    Toolbar& toolbar() { return *m_toolbar; }
+
     /// The background poll; stopped for transfers that need the link to themselves.
     QTimer& backgroundPoll() { return m_poll; }
 
@@ -77,6 +80,7 @@ private:
     void buildViewMenu(const MenuCommands& commands);
     void buildWindowMenu();
     void buildHelpMenu(const MenuCommands& commands);
+    void buildToolbar();
     void setOnline(bool online);
     void showMode(bool online);
     void poll();
@@ -91,8 +95,8 @@ private:
     FileCommands m_files;
     ScreenTable m_screens;
     StatusPanels* m_panels;
-    QLabel* m_screenTitle;
-    QVBoxLayout* m_screenPlace;
+    ScreenPlace* m_place;
+    Toolbar* m_toolbar;
     QPointer<Screen> m_screen;
     ScreenId m_currentScreen = ScreenId::MainDisplay;
     bool m_loaded = false;

@@ -1,6 +1,7 @@
 #include "controls/named_controls.h"
 #include "shell/main_window.h"
 #include "shell/menu_item.h"
+#include "shell/toolbar.h"
 #include "shell/transfer_commands.h"
 
 #include <QActionGroup>
@@ -157,6 +158,20 @@ void MainWindow::buildHelpMenu(const MenuCommands& commands)
     menu->addSeparator();
     addItem(*menu,
             {QStringLiteral("&About TAMBRIX"), QStringLiteral("mnuHelpAbout"), {}, commands.about});
+}
+
+void MainWindow::buildToolbar()
+{
+    const auto item = [this](const char* name) -> QAction& {
+        return *findChild<QAction*>(QLatin1String(name));
+    };
+    m_toolbar->addTool(QStringLiteral("open"), QStringLiteral("Open"), item("mnuFileOpen"));
+    m_toolbar->addTool(QStringLiteral("save"), QStringLiteral("Save"), item("mnuFileSave"));
+    m_toolbar->addGap();
+    m_toolbar->addLastTool(QStringLiteral("help"), QStringLiteral("Help"), item("mnuHelpTopics"));
+    connect(m_toolbar, &Toolbar::modeClicked, this,
+            [this] { setOnline(!m_state.gLink.OnlineMode); });
+    addToolBar(m_toolbar);
 }
 
 } // namespace tambrix

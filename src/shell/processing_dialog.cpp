@@ -1,6 +1,7 @@
 #include "shell/processing_dialog.h"
 
 #include "controls/forms.h"
+#include "controls/named_controls.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -22,6 +23,7 @@ ProcessingDialog::ProcessingDialog(ProgramState& state, TransferPlan plan, QWidg
       m_state(state),
       m_transfer(state.gLink, state.gWorkingData, std::move(plan)),
       m_prgProcessing(new QProgressBar),
+      m_done(makeDimLabel(QStringLiteral(" "))),
       m_loop([this] { return mayRun(); })
 {
     setObjectName(QStringLiteral("frmProcessing"));
@@ -45,6 +47,8 @@ void ProcessingDialog::build()
     auto* content = new QVBoxLayout(this);
     content->addWidget(lblProcessing);
     content->addWidget(m_prgProcessing);
+    m_done->setObjectName(QStringLiteral("lblDone"));
+    content->addWidget(m_done);
     content->addWidget(cmdCancel, 0, Qt::AlignRight);
     m_prgProcessing->setMinimumWidth(kWidth);
     content->setSizeConstraint(QLayout::SetFixedSize);
@@ -60,16 +64,33 @@ void ProcessingDialog::showEvent(QShowEvent* event)
 Task ProcessingDialog::work()
 {
     m_cancelled = false;
+    m_running.start();
+    m_pace.start(0);
     co_await m_loop.pendingEvents();
     while (!m_cancelled && !m_transfer.ended()) {
         m_transfer.step();
-        m_prgProcessing->setValue(m_transfer.progress());
+        showProgress();
         co_await m_loop.pendingEvents();
     }
     if (m_transfer.failed())
         m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "TAMBRIX",
                                      "Error Processing Request\r\n\r\nProcess Not Complete"});
     accept();
+}
+
+/// The bar counts every entry, but is painted seldom enough to take nothing from the line.
+void ProcessingDialog::showProgress()
+{
+    const TransferPlan& plan = m_transfer.plan();
+    m_prgProcessing->setUpdatesEnabled(false);
+    m_prgProcessing->setValue(m_transfer.progress());
+    const double now = static_cast<double>(m_running.elapsed()) / 1000;
+    const auto text = m_pace.text(now, m_transfer.progress(), plan.last - plan.first + 1);
+    if (!text)
+        return;
+    m_prgProcessing->setUpdatesEnabled(true);
+    m_prgProcessing->repaint();
+    m_done->setText(*text);
 }
 
 bool ProcessingDialog::mayRun() const

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "controls/progress_pace.h"
 #include "data/bulk_transfer.h"
 #include "platform/cooperative_loop.h"
 #include "shell/program_state.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 
+class QLabel;
 class QProgressBar;
 
 namespace tambrix {
@@ -32,7 +35,12 @@ private:
 
     ProgramState& m_state;
     BulkTransfer m_transfer;
+    void showProgress();
+
     QProgressBar* m_prgProcessing;
+    QLabel* m_done; ///< what is done of what, and the time left
+    ProgressPace m_pace{QStringLiteral("values")};
+    QElapsedTimer m_running;
     bool m_cancelled = false;
     CooperativeLoop m_loop; // last: its frame is gone before anything that it uses
 };

@@ -74,8 +74,9 @@ public:
     QDateTime gUploadNOW;     ///< date stamp of the data set
     QString helpFile;
 
-    bool simulated = false; ///< the controller is the built-in one
-    QString portName;       ///< of the device in use; empty: the settings' number says it
+    bool everConnected = true; ///< a controller has answered on this machine at some time
+    bool simulated = false;    ///< the controller is the built-in one
+    QString portName;          ///< of the device in use; empty: the settings' number says it
 
     ReportSettings report;
 

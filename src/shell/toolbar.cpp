@@ -44,6 +44,7 @@ Toolbar::Toolbar(ProgramState& state)
     addWidget(m_mode);
     connect(m_mode, &ModeToggle::clicked, this, &Toolbar::modeClicked);
     addSeparator();
+    m_last = addSeparator();
     m_end = addWidget(makeSpring());
     m_unsaved = addMark(QStringLiteral("lblUnsaved"),
                         QStringLiteral("The set-up data holds changes that are in no file"));
@@ -71,6 +72,17 @@ QLabel* Toolbar::addMark(const QString& name, const QString& toolTip)
 
 void Toolbar::addTool(const QString& icon, const QString& word, QAction& menuItem)
 {
+    insertTool(m_last, icon, word, menuItem);
+}
+
+void Toolbar::addLastTool(const QString& icon, const QString& word, QAction& menuItem)
+{
+    insertTool(m_end, icon, word, menuItem);
+}
+
+void Toolbar::insertTool(QAction* before, const QString& icon, const QString& word,
+                         QAction& menuItem)
+{
     auto* tool = new QAction(lineIcon(icon), word, this);
     tool->setObjectName("tool" + word);
     const QString keys = menuItem.shortcut().toString(QKeySequence::NativeText);
@@ -78,7 +90,7 @@ void Toolbar::addTool(const QString& icon, const QString& word, QAction& menuIte
     tool->setEnabled(menuItem.isEnabled());
     connect(&menuItem, &QAction::enabledChanged, tool, &QAction::setEnabled);
     connect(tool, &QAction::triggered, &menuItem, &QAction::trigger);
-    insertAction(m_end, tool);
+    insertAction(before, tool);
     widgetForAction(tool)->setFocusPolicy(Qt::NoFocus); // the Tab key belongs to the screens
 }
 

@@ -23,7 +23,10 @@ public:
     /// Adds a button that does what the menu item does, and is enabled when it is. `icon` is a
     /// name for lineIcon().
     void addTool(const QString& icon, const QString& word, QAction& menuItem);
-    void addGap() { insertSeparator(m_end); }
+    /// The same, behind all that is added later.
+    void addLastTool(const QString& icon, const QString& word, QAction& menuItem);
+    /// A line behind the tools so far.
+    void addGap() { insertSeparator(m_last); }
 
     /// Shows the mode, and the port that it uses now.
     void showMode(bool online);
@@ -35,12 +38,14 @@ signals:
     void modeClicked();
 
 private:
+    void insertTool(QAction* before, const QString& icon, const QString& word, QAction& menuItem);
     QLabel* addMark(const QString& name, const QString& toolTip);
     QString portText() const;
 
     ProgramState& m_state;
     ModeToggle* m_mode;
-    QAction* m_end; ///< tools stand before it, marks behind it
+    QAction* m_last; ///< tools stand before it, the last ones behind it
+    QAction* m_end;  ///< marks stand behind it
     QLabel* m_unsaved;
     QLabel* m_simulated;
     QLabel* m_port;

@@ -1,32 +1,15 @@
 #include "app/appearance.h"
+#include "controls/palettes.h"
+#include "controls/tones.h"
 
 #include <QApplication>
 #include <QProxyStyle>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 using namespace tambrix;
 
 namespace {
-
-/// Relative luminance and contrast as accessibility guidelines reckon them.
-double luminance(const QColor& color)
-{
-    const auto linear = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b)
-{
-    const double one = luminance(a) + 0.05;
-    const double other = luminance(b) + 0.05;
-    return one > other ? one / other : other / one;
-}
 
 void expectEveryTextStandsOut(const QPalette& palette)
 {
@@ -48,6 +31,22 @@ void expectEveryTextStandsOut(const QPalette& palette)
         EXPECT_GE(stands(QPalette::Inactive, pair), 4.5) << pair.text;
         EXPECT_GE(stands(QPalette::Disabled, pair), 2.5) << pair.text;
     }
+    const Tones& tones = tonesOf(palette);
+    const QColor text = palette.color(QPalette::WindowText);
+    for (const QColor& ground : {tones.card, tones.track, tones.tint})
+        EXPECT_GE(contrast(text, ground), 4.5) << ground.name().toStdString();
+    for (const QColor& color : {tones.dim, tones.accent, tones.good, tones.alarm, tones.unusual}) {
+        EXPECT_GE(contrast(color, tones.card), 4.5) << color.name().toStdString();
+        EXPECT_GE(contrast(color, palette.color(QPalette::Window)), 4.5)
+            << color.name().toStdString();
+    }
+    EXPECT_GE(contrast(tones.onAccent, tones.accent), 4.5);
+    EXPECT_GE(contrast(tones.onAlarm, tones.alarm), 4.5);
+    EXPECT_GE(contrast(tones.onAlarm, tones.good), 4.5);
+    EXPECT_GE(contrast(tones.alarm, tones.alarmGround), 4.5);
+    EXPECT_GE(contrast(tones.dim, tones.alarmGround), 4.5);
+    for (const QColor& state : {QColor(0, 0, 255), QColor(192, 0, 0)})
+        EXPECT_GE(contrast(state, tones.plate), 4.5) << state.name().toStdString();
 }
 
 } // namespace
@@ -64,9 +63,9 @@ TEST(Appearance, EveryTextStandsOutFromItsGround)
 TEST(Appearance, AStyleThatTheUserAskedForStays)
 {
     QApplication::setStyle("Windows");
-    applyAppearance(true);
+    applyAppearance(true, Theme::Dark);
     EXPECT_EQ(QApplication::style()->objectName().toLower(), "windows");
-    applyAppearance(false);
+    applyAppearance(false, Theme::Dark);
     const auto* calm = qobject_cast<QProxyStyle*>(QApplication::style());
     ASSERT_NE(calm, nullptr);
     EXPECT_EQ(calm->baseStyle()->objectName().toLower(), "fusion");

@@ -1,0 +1,183 @@
+#include "controls/alarm_banner.h"
+#include "controls/cycle_ring.h"
+#include "controls/fitted_label.h"
+#include "controls/lamp.h"
+#include "controls/palettes.h"
+#include "controls/progress_pace.h"
+#include "controls/text_size.h"
+#include "controls/tones.h"
+#include "controls/value_bar.h"
+
+#include <QAccessible>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+namespace {
+
+/// What a picture paints, in light or dark colours.
+class Painted : public testing::TestWithParam<bool>
+{
+protected:
+    QImage paint(QWidget& picture, QSize size)
+    {
+        picture.setPalette(GetParam() ? darkPalette() : lightPalette());
+        picture.resize(size);
+        return picture.grab().toImage();
+    }
+
+    const Tones& tones() const { return tonesOf(GetParam() ? darkPalette() : lightPalette()); }
+
+    /// Pixels of the row in the middle that have this colour.
+    static int inRow(const QImage& image, const QColor& color)
+    {
+        int count = 0;
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, image.height() / 2) == color ? 1 : 0;
+        return count;
+    }
+
+    static QString spoken(QWidget& picture)
+    {
+        return QAccessible::queryAccessibleInterface(&picture)->text(QAccessible::Value);
+    }
+};
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, Painted, testing::Bool());
+
+TEST_P(Painted, ALampHasTheColourAndTheSymbolOfItsState)
+{
+    struct Case
+    {
+        LampState state;
+        QColor fill;
+        const char* spoken;
+    };
+    const Case cases[] = {{LampState::Unknown, tones().off, "not known"},
+                          {LampState::Off, tones().off, "off"},
+                          {LampState::On, tones().good, "on"},
+                          {LampState::Alarm, tones().alarm, "alarm"}};
+    for (const Case& state : cases) {
+        Lamp lamp("Lamp", 8);
+        lamp.show(state.state);
+        const QImage image = paint(lamp, {50, 50});
+        EXPECT_EQ(image.pixelColor(25, 41), state.fill) << state.spoken;
+        EXPECT_EQ(image.pixelColor(25, 25) == state.fill,
+                  state.state == LampState::Off || state.state == LampState::On)
+            << state.spoken;
+        EXPECT_EQ(spoken(lamp), state.spoken);
+    }
+}
+
+TEST_P(Painted, ABarIsFilledAsFarAsItsValueSays)
+{
+    struct Case
+    {
+        double share;
+        int filled, beyond;
+    };
+    for (const Case& bar :
+         {Case{0, 0, 0}, Case{0.5, 100, 0}, Case{1, 200, 0}, Case{1.5, 180, 20}, Case{-1, 0, 0}}) {
+        ValueBar picture("Color Density ductor 1");
+        picture.show(bar.share, "45.0%");
+        const QImage image = paint(picture, {200, 20});
+        EXPECT_NEAR(inRow(image, tones().bar), bar.filled, 2) << bar.share;
+        EXPECT_NEAR(inRow(image, tones().unusual), bar.beyond, 1) << bar.share;
+        EXPECT_EQ(spoken(picture), "45.0%");
+    }
+}
+
+TEST(ValueBarTest, CountsShareARoundScale)
+{
+    const double counts[] = {3, 17121, 9306};
+    EXPECT_EQ(scaleEnd(counts), 20000);
+    const double widest[] = {4294967295.0};
+    EXPECT_EQ(scaleEnd(widest), 5e9);
+    const double none[] = {0, 0};
+    EXPECT_EQ(scaleEnd(none), 1);
+}
+
+TEST_P(Painted, TheRingIsFilledClockwiseFromTheTop)
+{
+    struct Case
+    {
+        int on, cycle;
+        bool quarter, threeQuarters; ///< the ring is filled there
+        const char* spoken;
+    };
+    for (const Case& ring :
+         {Case{0, 500, false, false, "0.0 of 50.0 cans with ink, at most"},
+          Case{200, 500, true, false, "20.0 of 50.0 cans with ink, at most"},
+          Case{65535, 65535, true, true, "6553.5 of 6553.5 cans with ink, at most"},
+          Case{5, 0, false, false, "-"}}) {
+        CycleRing picture("Cycle");
+        picture.show(ring.on, ring.cycle);
+        const QImage image = paint(picture, {400, 400});
+        EXPECT_EQ(image.pixelColor(378, 190) == tones().bar, ring.quarter) << ring.spoken;
+        EXPECT_EQ(image.pixelColor(22, 210) == tones().bar, ring.threeQuarters) << ring.spoken;
+        EXPECT_EQ(spoken(picture), ring.spoken);
+    }
+}
+
+TEST_P(Painted, TheBannerIsRedWithASymbolOnlyForAnAlarm)
+{
+    AlarmBanner banner;
+    EXPECT_EQ(spoken(banner), "Off line: alarms are not known");
+    EXPECT_EQ(inRow(paint(banner, {700, 60}), tones().good), 0);
+    banner.showAlarms(0, QTime(16, 0));
+    EXPECT_EQ(spoken(banner), "No alarm");
+    EXPECT_GT(inRow(paint(banner, {700, 60}), tones().good), 10);
+    EXPECT_EQ(inRow(paint(banner, {700, 60}), tones().alarm), 0);
+    banner.showAlarms(0b10000101, QTime(16, 2));
+    banner.showAlarms(0b10000001, QTime(16, 9));
+    EXPECT_EQ(spoken(banner), "Ductors 1 and 8: no feedback, since 16:02");
+    EXPECT_EQ(paint(banner, {700, 60}).pixelColor(350, 1), tones().alarm);
+    EXPECT_EQ(paint(banner, {700, 60}).pixelColor(350, 5), tones().alarmGround);
+    EXPECT_GT(inRow(paint(banner, {700, 60}), tones().alarm), 10);
+}
+
+TEST_P(Painted, AFittedTextIsNeverCut)
+{
+    for (const QSize size : {QSize(60, 40), QSize(500, 200), QSize(120, 400)}) {
+        FittedLabel speed("lblSpeed", "Speed", "88888", "0000");
+        const QImage image = paint(speed, size);
+        const QColor ground = image.pixelColor(0, 0);
+        for (int x = 0; x < image.width(); ++x) {
+            EXPECT_EQ(image.pixelColor(x, 0), ground);
+            EXPECT_EQ(image.pixelColor(x, image.height() - 1), ground);
+        }
+        for (int y = 0; y < image.height(); ++y)
+            EXPECT_EQ(image.pixelColor(0, y), ground) << image.width();
+    }
+}
+
+TEST(TextSizeTest, TheStepGrowsWithTheWindowAndShrinksWithALargerFont)
+{
+    QFont desktop;
+    desktop.setPixelSize(12);
+    EXPECT_EQ(scaleStep({1000, 500}, desktop), 75);
+    EXPECT_EQ(scaleStep({1280, 560}, desktop), 100);
+    EXPECT_EQ(scaleStep({1366, 668}, desktop), 100);
+    EXPECT_EQ(scaleStep({1600, 700}, desktop), 125);
+    EXPECT_EQ(scaleStep({1920, 900}, desktop), 150);
+    EXPECT_EQ(scaleStep({2560, 1260}, desktop), 200);
+    EXPECT_EQ(scaleStep({2560, 400}, desktop), 75);
+    desktop.setPixelSize(18);
+    EXPECT_EQ(scaleStep({1366, 668}, desktop), 75);
+    EXPECT_EQ(scaleStep({1920, 900}, desktop), 100);
+}
+
+TEST(ProgressPaceTest, TellsTheTimeLeftAfterTwoSecondsAndShowsTwentyTextsASecond)
+{
+    ProgressPace pace("values");
+    pace.start(100);
+    EXPECT_EQ(pace.text(100.5, 10, 1600), "10 of 1600 values");
+    EXPECT_EQ(pace.text(100.54, 11, 1600), std::nullopt);
+    EXPECT_EQ(pace.text(102, 40, 1600), "40 of 1600 values, about 1 min 18 s left");
+    EXPECT_EQ(pace.text(110, 1500, 1600), "1500 of 1600 values, about 1 s left");
+    EXPECT_EQ(pace.text(110.01, 1600, 1600), "1600 of 1600 values");
+}
