@@ -4,6 +4,7 @@
 
 #include "controls/text_size.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QStyleOptionGroupBox>
@@ -94,6 +95,11 @@ CalmStyle::CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 void CalmStyle::setLargeControls(bool large)
 {
     s_largeControls = large;
+    for (QWidget* widget : QApplication::allWidgets()) {
+        QEvent changed(QEvent::StyleChange);
+        QApplication::sendEvent(widget, &changed);
+        widget->updateGeometry();
+    }
 }
 
 bool CalmStyle::largeControls()
@@ -154,7 +160,14 @@ QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
         }
         [[fallthrough]];
     case CT_RadioButton:
+    case CT_ComboBox:
         return {size.width(), targetHeight(size.height())};
+    case CT_ToolButton:
+    case CT_MenuItem:
+    case CT_MenuBarItem:
+    case CT_TabBarTab:
+    case CT_ItemViewItem:
+        return {size.width(), s_largeControls ? targetHeight(size.height()) : size.height()};
     case CT_GroupBox:
         if (const auto* box = qstyleoption_cast<const QStyleOptionGroupBox*>(option))
             size.setWidth(std::max(

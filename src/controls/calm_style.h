@@ -20,7 +20,7 @@ class CalmStyle : public QProxyStyle
 public:
     CalmStyle();
 
-    /// Targets of 40 px and more, the arrows of a field side by side.
+    /// Targets of 40 px and more, the arrows of a field side by side, in all windows at once.
     static void setLargeControls(bool large);
     static bool largeControls();
 

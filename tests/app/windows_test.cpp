@@ -1,0 +1,190 @@
+// Every window as a person sees it, and as a screen reader tells it.
+
+#include "app/appearance.h"
+#include "controls/cut_texts.h"
+#include "controls/lamp.h"
+#include "controls/value_label.h"
+#include "help/about_box.h"
+#include "help/help_window.h"
+#include "help/system_info_window.h"
+#include "maintenance/comm_port_dialog.h"
+#include "maintenance/program_download_window.h"
+#include "maintenance/target_board_window.h"
+#include "reports/report_setup.h"
+#include "screens/color_control_screen.h"
+#include "screens/io_status_screen.h"
+#include "screens/setup_screen.h"
+#include "screens/shift_data_screen.h"
+#include "shell/label_range_dialog.h"
+#include "shell/processing_dialog.h"
+#include "tests/support/window_rig.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QGroupBox>
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+namespace {
+
+template <typename Concrete> ScreenFactory screen()
+{
+    return [](ProgramState& state) { return std::make_unique<Concrete>(state); };
+}
+
+/// The whole program in front of a press whose registers hold the widest values that they can.
+class Windows : public testing::TestWithParam<double>
+{
+protected:
+    Windows()
+        : m_font(QApplication::font()),
+          rig({screen<MainDisplay>(), screen<SetupScreen>(), screen<ShiftDataScreen>(),
+               screen<ColorControlScreen>(), screen<IoStatusScreen>()})
+    {
+        applyAppearance(false, Theme::Light);
+        QFont font = m_font;
+        font.setPointSizeF(font.pointSizeF() * GetParam());
+        QApplication::setFont(font);
+        for (int word = 162; word < 190; word += 2)
+            rig.board.pokeWord(static_cast<std::uint16_t>(word), 65535);
+        for (int word = 940; word < 972; word += 2)
+            rig.board.pokeWord(static_cast<std::uint16_t>(word), 65535);
+        for (int d = 0; d < kDuctors; ++d)
+            rig.board.press().raiseAlarm(d);
+        rig.state.everConnected = false;
+        rig.state.simulated = true;
+        rig.state.gWorkingData.Value[3] = 2147483647;
+    }
+
+    ~Windows() override { QApplication::setFont(m_font); }
+
+    void show(int index, QSize size)
+    {
+        rig.window->resize(size);
+        rig.window->showScreen(index);
+        PressRig::turns(kTurnsOfAPass);
+    }
+
+    static constexpr int kTurnsOfAPass = 80;
+
+    QFont m_font;
+    WindowRig rig;
+};
+
+std::vector<std::unique_ptr<QWidget>> dialogs(ProgramState& state)
+{
+    std::vector<std::unique_ptr<QWidget>> all;
+    all.push_back(std::make_unique<LabelRangeDialog>());
+    all.push_back(std::make_unique<CommPortDialog>(state));
+    all.push_back(std::make_unique<ReportSetup>(state, ReportActions{}));
+    all.push_back(std::make_unique<AboutBox>(state));
+    all.push_back(std::make_unique<SystemInfoWindow>(
+        std::vector<SystemFact>{{"Processor", "One with a long name, as they have it now"}}));
+    all.push_back(std::make_unique<HelpWindow>(HelpBook(QString())));
+    return all;
+}
+
+void expectWhole(const QWidget& window, const std::string& when)
+{
+    const QStringList cut = cutTexts(window);
+    EXPECT_TRUE(cut.isEmpty()) << when << "\n  " << cut.join("\n  ").toStdString();
+}
+
+QString spoken(QObject& control, QAccessible::Text what)
+{
+    return QAccessible::queryAccessibleInterface(&control)->text(what);
+}
+
+/// What a person can do or read has a name, and a value is told with it.
+void expectSpoken(const QWidget& window)
+{
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        if (!control->isVisible() || control->objectName().startsWith("qt_"))
+            continue;
+        const QString name = spoken(*control, QAccessible::Name);
+        const std::string what = control->objectName().toStdString();
+        const auto* value = qobject_cast<ValueLabel*>(control);
+        const auto* label = qobject_cast<QLabel*>(control);
+        const bool picture = qobject_cast<Picture*>(control) != nullptr;
+        if (value != nullptr) {
+            EXPECT_TRUE(name.endsWith(": " + value->text())) << what;
+        } else if (label != nullptr && label->buddy() == nullptr) {
+            EXPECT_TRUE(name.contains(label->text())) << what << ": " << name.toStdString();
+        }
+        if (picture) {
+            EXPECT_FALSE(spoken(*control, QAccessible::Value).isEmpty()) << what;
+        }
+        if (picture || control->focusPolicy() != Qt::NoFocus) {
+            EXPECT_FALSE(name.isEmpty()) << control->metaObject()->className() << ' ' << what;
+        }
+    }
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Fonts, Windows, testing::Values(1.0, 1.5));
+
+TEST_P(Windows, ShowEveryScreenWholeAtEverySizeAndAgain)
+{
+    const QSize sizes[] = {{1280, 720}, {1366, 768}, {1920, 1080}};
+    for (const bool online : {false, true}) {
+        online ? rig.window->goOnline() : rig.window->goOffline();
+        for (int round = 0; round < 2; ++round) {
+            for (int index = 0; index < kScreens; ++index) {
+                for (const QSize size : sizes) {
+                    rig.board.pokeWord(112, 65535);
+                    show(index, size);
+                    EXPECT_EQ(rig.window->size(), size) << "it does not fit";
+                    expectWhole(*rig.window, "screen " + std::to_string(index) + " at " +
+                                                 std::to_string(size.width()));
+                }
+                expectSpoken(*rig.window);
+            }
+        }
+    }
+}
+
+TEST_P(Windows, ShowEveryDialogWholeAndAgain)
+{
+    for (const auto& dialog : dialogs(rig.state)) {
+        for (int round = 0; round < 2; ++round) {
+            dialog->show();
+            PressRig::turns(5);
+            expectWhole(*dialog, dialog->metaObject()->className());
+            expectSpoken(*dialog);
+            dialog->hide();
+        }
+    }
+}
+
+TEST_P(Windows, SayInPicturesWhatTheTextsBesideThemSay)
+{
+    rig.window->goOnline();
+    const auto text = [this](const QString& name) {
+        return rig.window->findChild<QLabel*>(name)->text();
+    };
+    const auto picture = [this](const QString& name) {
+        return spoken(*rig.window->findChild<Picture*>(name), QAccessible::Value);
+    };
+    show(2, {1366, 768});
+    for (int d = 0; d < kDuctors; ++d)
+        EXPECT_EQ(picture(arrayName("picCount", d)), text(arrayName("lblData", d + 1)));
+    show(3, {1366, 768});
+    for (int d = 0; d < kDuctors; ++d)
+        EXPECT_EQ(picture(arrayName("picDensity", d)), text(arrayName("lblColorCtrl", d)));
+    show(4, {1366, 768});
+    for (int b = 0; b < 16; ++b) {
+        for (const char* slot : {"00", "01"}) {
+            const QString state = text(QStringLiteral("lblSlot%1State(%2)").arg(slot).arg(b));
+            const QString lamp = picture(QStringLiteral("picSlot%1(%2)").arg(slot).arg(b));
+            EXPECT_EQ(lamp == "off", state == "off") << slot << b;
+        }
+    }
+    rig.window->goOffline();
+    show(0, {1366, 768});
+    for (int d = 0; d < kDuctors; ++d)
+        EXPECT_EQ(picture(arrayName("picDuctor", d)), "not known");
+    EXPECT_EQ(picture("picAlarm"), "Off line: alarms are not known");
+}
