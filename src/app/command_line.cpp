@@ -29,6 +29,10 @@ const QCommandLineOption kDemo(
     QStringLiteral("Run the main job unattended on the simulated controller and write a picture "
                    "of each screen into <DIR>."),
     QStringLiteral("DIR"));
+const QCommandLineOption kDemoSize(
+    QStringLiteral("demo-size"),
+    QStringLiteral("Width and height of the demonstration's main window (default: 1366x768)."),
+    QStringLiteral("WxH"));
 const QCommandLineOption kHelp({QStringLiteral("h"), QStringLiteral("help")},
                                QStringLiteral("Show this help."));
 const QCommandLineOption kVersion({QStringLiteral("v"), QStringLiteral("version")},
@@ -52,6 +56,13 @@ CommandLine saying(const QString& text, int exitCode)
     return line;
 }
 
+/// Empty unless it reads like "1366x768".
+QSize sizeOf(const QString& text)
+{
+    const QStringList sides = text.split(u'x');
+    return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
+}
+
 Theme themeOf(const QCommandLineParser& parser)
 {
     const QString theme = parser.value(kTheme);
@@ -70,6 +81,8 @@ QString complaint(const QCommandLineParser& parser)
         return QStringLiteral("The file '%1' does not exist.").arg(files[0]);
     if (!files.isEmpty() && parser.isSet(kDemo))
         return QStringLiteral("--demo brings its own set-up file.");
+    if (parser.isSet(kDemoSize) && sizeOf(parser.value(kDemoSize)).isEmpty())
+        return QStringLiteral("--demo-size is a width and a height: 1366x768.");
     if (parser.isSet(kTheme) && themeOf(parser) == Theme::Desktop)
         return QStringLiteral("--theme is light or dark.");
     const QString folder = parser.value(kProgramFolder);
@@ -92,7 +105,8 @@ CommandLine parseCommandLine(const QStringList& arguments)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.setApplicationDescription(
         QStringLiteral("TAMBRIX: set-up utility of a pneumatic ink-ductor colour-control system."));
-    parser.addOptions({kSimulate, kSerialDevice, kProgramFolder, kTheme, kDemo, kHelp, kVersion});
+    parser.addOptions(
+        {kSimulate, kSerialDevice, kProgramFolder, kTheme, kDemo, kDemoSize, kHelp, kVersion});
     parser.addPositionalArgument(QStringLiteral("FILE.sdt"),
                                  QStringLiteral("Open this set-up file, as File > Open does."),
                                  QStringLiteral("[FILE.sdt]"));
@@ -111,6 +125,7 @@ CommandLine parseCommandLine(const QStringList& arguments)
     CommandLine line;
     line.demoFolder = parser.value(kDemo);
     line.simulate = parser.isSet(kSimulate) || parser.isSet(kDemo);
+    line.demoSize = sizeOf(parser.value(kDemoSize));
     line.theme = themeOf(parser);
     line.serialDevice = parser.value(kSerialDevice);
     line.programFolder = parser.value(kProgramFolder);

@@ -2,6 +2,7 @@
 
 #include "app/appearance.h"
 
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -18,6 +19,7 @@ struct CommandLine
     QString programFolder; ///< folder with Support and Help; empty: the executable's own
     QString setupFile;     ///< set-up file to open at start, absolute; empty: none
     Theme theme = Theme::Desktop;
+    QSize demoSize;     ///< of the demonstration's main window; empty: as it is
     QString demoFolder; ///< where the unattended demonstration puts its pictures; empty: none
 
     QString text;     ///< what to print instead of starting: help, version or what is wrong

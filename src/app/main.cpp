@@ -92,6 +92,8 @@ int runProgram(const CommandLine& line)
     const QString folder =
         line.programFolder.isEmpty() ? QApplication::applicationDirPath() : line.programFolder;
     ProgramState state(QDir(folder), port, clock, prompts);
+    state.simulated = line.simulate;
+    state.portName = line.serialDevice;
     Reports reports(state);
     HelpDesk help(state);
     std::optional<ProgramCommands> programs;
@@ -109,6 +111,8 @@ int runProgram(const CommandLine& line)
         QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
 
     DemoStage stage(window, controller.board(), QDir(line.demoFolder));
+    if (!line.demoSize.isEmpty())
+        stage.setSize(line.demoSize);
     if (demo)
         stage.run(demonstration(stage));
     return QApplication::exec();

@@ -29,11 +29,6 @@ int targetHeight(int natural)
     return std::max(natural, s_largeControls ? kLargeTarget : kSmallestTarget);
 }
 
-bool captionBelow(const QWidget* widget)
-{
-    return widget != nullptr && widget->property("captionBelow").toBool();
-}
-
 QFont bold(QFont font)
 {
     font.setBold(true);
@@ -90,6 +85,11 @@ void setCaptionBelow(QWidget& checkBox)
     checkBox.setProperty("captionBelow", true);
 }
 
+bool hasCaptionBelow(const QWidget* widget)
+{
+    return widget != nullptr && widget->property("captionBelow").toBool();
+}
+
 CalmStyle::CalmStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void CalmStyle::setLargeControls(bool large)
@@ -123,8 +123,8 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return 3 * grid / 2;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
-        if (captionBelow(widget))
-            return targetHeight(9 * grid / 2);
+        if (hasCaptionBelow(widget))
+            return targetHeight(11 * grid / 2);
         return s_largeControls ? 3 * grid : QProxyStyle::pixelMetric(metric, option, widget);
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
@@ -154,7 +154,7 @@ QSize CalmStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                 targetHeight(18 * grid / 5)};
     }
     case CT_CheckBox:
-        if (captionBelow(widget)) {
+        if (hasCaptionBelow(widget)) {
             const int side = pixelMetric(PM_IndicatorWidth, option, widget);
             return {side, side + grid / 2 + widget->fontMetrics().height()};
         }
@@ -193,7 +193,7 @@ QRect CalmStyle::subControlRect(ComplexControl control, const QStyleOptionComple
 QRect CalmStyle::subElementRect(SubElement element, const QStyleOption* option,
                                 const QWidget* widget) const
 {
-    if (!captionBelow(widget))
+    if (!hasCaptionBelow(widget))
         return QProxyStyle::subElementRect(element, option, widget);
     const int side = pixelMetric(PM_IndicatorWidth, option, widget);
     const QRect whole = option->rect;

@@ -11,6 +11,8 @@ void setPrimary(QWidget& button, bool primary);
 /// A check box that is marked so is large and has its caption below it.
 void setCaptionBelow(QWidget& checkBox);
 
+bool hasCaptionBelow(const QWidget* widget);
+
 /// The program's look: cards for frames, flat one-pixel lines, round corners, no gradients. All
 /// measures grow with the type of the control. Colours are the palette's and `tonesOf` it.
 class CalmStyle : public QProxyStyle

@@ -88,6 +88,25 @@ void paintCheckBox(QPainter& painter, const QStyleOption& option)
                          tones.accent);
 }
 
+/// The large box, and its caption below it.
+void paintTallBox(const CalmStyle& style, QPainter& painter, const QStyleOptionButton& box,
+                  const QWidget* widget)
+{
+    QStyleOptionButton part = box;
+    part.rect = style.subElementRect(QStyle::SE_CheckBoxIndicator, &box, widget);
+    paintCheckBox(painter, part);
+    style.drawItemText(&painter, style.subElementRect(QStyle::SE_CheckBoxContents, &box, widget),
+                       Qt::AlignHCenter | Qt::AlignBottom | Qt::TextShowMnemonic, box.palette,
+                       is(box, QStyle::State_Enabled), box.text, QPalette::WindowText);
+}
+
+void paintToolBar(QPainter& painter, const QStyleOption& bar)
+{
+    painter.fillRect(bar.rect, tonesOf(bar.palette).card);
+    painter.fillRect(QRect(bar.rect.left(), bar.rect.bottom(), bar.rect.width(), 1),
+                     tonesOf(bar.palette).line);
+}
+
 void paintRadio(QPainter& painter, const QStyleOption& option)
 {
     const Tones& tones = tonesOf(option.palette);
@@ -203,10 +222,10 @@ void CalmStyle::drawControl(ControlElement element, const QStyleOption* option, 
         return QProxyStyle::drawControl(element, &label, painter, widget);
     }
     if (const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option);
-        element == CE_CheckBoxLabel && box != nullptr && widget->property("captionBelow").toBool())
-        return drawItemText(painter, box->rect,
-                            Qt::AlignHCenter | Qt::AlignBottom | Qt::TextShowMnemonic, box->palette,
-                            is(*box, State_Enabled), box->text, QPalette::WindowText);
+        element == CE_CheckBox && box != nullptr && hasCaptionBelow(widget))
+        return paintTallBox(*this, *painter, *box, widget);
+    if (element == CE_ToolBar)
+        return paintToolBar(*painter, *option);
     if (element == CE_ProgressBarGroove) {
         const Tones& tones = tonesOf(option->palette);
         return paintPlate(*painter, option->rect, tones.track, tones.track);
@@ -229,6 +248,9 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         return paintRadio(*painter, *option);
     case PE_FrameDefaultButton:
         return;
+    case PE_Frame:
+        return paintPlate(*painter, option->rect, Qt::transparent,
+                          tonesOf(option->palette).fieldLine, 1, 4);
     case PE_FrameFocusRect:
         if (qobject_cast<const QPushButton*>(widget) != nullptr)
             return; // its line says it

@@ -46,7 +46,7 @@ QPalette lightPalette()
     light.disabledText = QColor(0x8a929b);
     light.placeholder = QColor(0x55606e);
     light.highlight = QColor(0x0a63bc);
-    light.disabledHighlight = QColor(0xc9ced6);
+    light.disabledHighlight = QColor(0x8a929b);
     light.highlightedText = QColor(0xffffff);
     light.link = QColor(0x0a63bc);
     return paletteOf(light);

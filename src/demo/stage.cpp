@@ -1,5 +1,7 @@
 #include "demo/stage.h"
 
+#include "controls/cut_texts.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -22,7 +24,6 @@ namespace {
 constexpr auto kLook = 20ms;             // how often a step looks whether it is there
 constexpr int kLooksBeforeFailing = 400; // 8 s
 constexpr auto kLongestSilence = 9s;     // a box inside a turn lets no step look any more
-constexpr QSize kOperatorsScreen(1366, 768);
 
 // Conditions that hold a text are named before they are awaited: GCC 12 destroys a closure twice
 // that is built inside the awaiting expression.
@@ -69,7 +70,7 @@ DemoStage::DemoStage(MainWindow& window, SimulatedBoard& board, const QDir& pict
 
 void DemoStage::run(Task chapters)
 {
-    m_window.resize(kOperatorsScreen);
+    m_window.resize(m_size);
     m_chapters = std::move(chapters);
     m_watchdog.start();
     m_loop.start(wholeRun());
@@ -91,7 +92,7 @@ Task DemoStage::step(QString what, QString picture, std::function<bool()> shown)
         there = shown();
     }
     if (!picture.isEmpty() && !take(picture))
-        fail(QStringLiteral("Cannot write the picture"), picture);
+        fail(QStringLiteral("No picture, or one with a cut text"), picture);
     else if (!there)
         fail(what, picture);
     else if (!what.isEmpty())
@@ -190,7 +191,11 @@ QWidget& DemoStage::frontWindow() const
 
 bool DemoStage::take(const QString& picture) const
 {
-    return frontWindow().grab().save(m_pictures.filePath(picture + QStringLiteral(".png")));
+    const QStringList cut = cutTexts(frontWindow());
+    for (const QString& text : cut)
+        print("cut", text, picture);
+    return frontWindow().grab().save(m_pictures.filePath(picture + QStringLiteral(".png"))) &&
+           cut.isEmpty();
 }
 
 void DemoStage::fail(const QString& what, const QString& picture)

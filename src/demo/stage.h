@@ -21,6 +21,10 @@ public:
 
     MainWindow& window() { return m_window; }
     SimulatedBoard& board() { return m_board; }
+
+    /// The size of the main window; the operator's screen unless set before run().
+    void setSize(const QSize& size) { m_size = size; }
+
     const QDir& pictures() const { return m_pictures; }
 
     /// Runs the demonstration; then ends the application with 0, or with 1 at a step that did not
@@ -84,6 +88,7 @@ private:
     SimulatedBoard& m_board;
     QDir m_pictures;
     QTimer m_watchdog;
+    QSize m_size{1366, 768};
     Task m_chapters;
     CooperativeLoop m_loop;
 };

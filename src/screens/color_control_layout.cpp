@@ -101,10 +101,10 @@ void ColorControlScreen::addDuctorRow(QGridLayout& grid, int ductor)
     m_bars[d]->setObjectName(arrayName("picDensity", ductor));
     grid.setRowStretch(row, 1);
     grid.addWidget(caption, row, 0);
-    grid.addWidget(on, row, kOnColumn, Qt::AlignHCenter);
-    grid.addWidget(cycle, row, kCycleColumn, Qt::AlignHCenter);
-    grid.addWidget(m_densities[d], row, kDensityColumn);
-    grid.addWidget(m_bars[d], row, kBarColumn);
+    grid.addWidget(on, row, kOnColumn, Qt::AlignCenter);
+    grid.addWidget(cycle, row, kCycleColumn, Qt::AlignCenter);
+    grid.addWidget(m_densities[d], row, kDensityColumn, Qt::AlignVCenter);
+    grid.addWidget(m_bars[d], row, kBarColumn, Qt::AlignVCenter);
 }
 
 QGroupBox* ColorControlScreen::makeStatusFrame()

@@ -25,6 +25,7 @@ const std::array<std::string, 1> kDisplayRegisters = {reg::kMachineSpeed.address
 
 constexpr int kSmallestMessagePoints = 7;
 constexpr int kLampGrids = 4;
+constexpr int kMessageMargin = 8; // around the text
 
 } // namespace
 
@@ -44,6 +45,7 @@ MainDisplay::MainDisplay(ProgramState& state)
     m_messages->setAccessibleName(QStringLiteral("Messages"));
     m_messages->setReadOnly(true);
     m_messages->setTabChangesFocus(true);
+    m_messages->document()->setDocumentMargin(kMessageMargin);
     m_messages->viewport()->installEventFilter(this); // its size is known later than the screen's
 
     auto* layout = new QHBoxLayout(this);
@@ -182,9 +184,10 @@ bool MainDisplay::eventFilter(QObject* watched, QEvent* event)
 void MainDisplay::fitMessageFont()
 {
     const int largest = std::max(font().pointSize() * 5 / 4, kSmallestMessagePoints);
-    setPoints(*m_messages,
-              fittingPointSize(m_messages->font(), m_messages->toPlainText(),
-                               m_messages->viewport()->size(), kSmallestMessagePoints, largest));
+    setPoints(*m_messages, fittingPointSize(m_messages->font(), m_messages->toPlainText(),
+                                            m_messages->viewport()->size() -
+                                                QSize(kMessageMargin, kMessageMargin),
+                                            kSmallestMessagePoints, largest));
 }
 
 } // namespace tambrix

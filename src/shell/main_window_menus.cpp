@@ -167,7 +167,6 @@ void MainWindow::buildToolbar()
     };
     m_toolbar->addTool(QStringLiteral("open"), QStringLiteral("Open"), item("mnuFileOpen"));
     m_toolbar->addTool(QStringLiteral("save"), QStringLiteral("Save"), item("mnuFileSave"));
-    m_toolbar->addGap();
     m_toolbar->addLastTool(QStringLiteral("help"), QStringLiteral("Help"), item("mnuHelpTopics"));
     connect(m_toolbar, &Toolbar::modeClicked, this,
             [this] { setOnline(!m_state.gLink.OnlineMode); });

@@ -1,7 +1,8 @@
 #include "shell/status_panels.h"
 
+#include "controls/value_label.h"
+
 #include <QDateTime>
-#include <QLabel>
 #include <QLocale>
 #include <QStatusBar>
 #include <QToolButton>
@@ -12,12 +13,10 @@ namespace {
 
 constexpr int kClockInterval = 1000; // ms
 
-QLabel* addLabel(QStatusBar& bar, const QString& key, const QString& toolTip, int stretch)
+ValueLabel* addLabel(QStatusBar& bar, const QString& key, const QString& toolTip, int stretch)
 {
-    auto* label = new QLabel;
-    label->setObjectName(key);
+    auto* label = new ValueLabel(key, toolTip, {});
     label->setToolTip(toolTip);
-    label->setAccessibleName(toolTip);
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     label->setContentsMargins(6, 1, 6, 1);
     bar.addPermanentWidget(label, stretch);
@@ -34,7 +33,6 @@ StatusPanels::StatusPanels(QStatusBar& bar)
 {
     m_mode->setObjectName(QStringLiteral("MODE"));
     m_mode->setToolTip(QStringLiteral("Communications Mode"));
-    m_mode->setAccessibleName(m_mode->toolTip());
     m_mode->setFocusPolicy(Qt::TabFocus);
     m_mode->setMinimumWidth(m_mode->fontMetrics().horizontalAdvance(QStringLiteral("OFFLINE")) +
                             24);
@@ -51,12 +49,13 @@ StatusPanels::StatusPanels(QStatusBar& bar)
 
 void StatusPanels::showStatus(const QString& text)
 {
-    m_status->setText(text);
+    m_status->setValue(text);
 }
 
 void StatusPanels::showMode(bool online)
 {
     m_mode->setText(online ? QStringLiteral("ONLINE") : QStringLiteral("OFFLINE"));
+    m_mode->setAccessibleName(m_mode->toolTip() + ": " + m_mode->text());
 }
 
 void StatusPanels::timerEvent(QTimerEvent*)
@@ -67,8 +66,8 @@ void StatusPanels::timerEvent(QTimerEvent*)
 void StatusPanels::showDateAndTime()
 {
     const QDateTime now = QDateTime::currentDateTime();
-    m_date->setText(QLocale().toString(now.date(), QLocale::ShortFormat));
-    m_time->setText(QLocale().toString(now.time(), QLocale::ShortFormat));
+    m_date->setValue(QLocale().toString(now.date(), QLocale::ShortFormat));
+    m_time->setValue(QLocale().toString(now.time(), QLocale::ShortFormat));
 }
 
 } // namespace tambrix

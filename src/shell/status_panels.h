@@ -3,11 +3,12 @@
 #include <QObject>
 #include <QString>
 
-class QLabel;
 class QStatusBar;
 class QToolButton;
 
 namespace tambrix {
+
+class ValueLabel;
 
 /// The status bar's four panels: system message, mode, date and time. The mode panel is a button:
 /// a click asks for the other mode. Date and time keep themselves up to date.
@@ -30,10 +31,10 @@ protected:
 private:
     void showDateAndTime();
 
-    QLabel* m_status;
+    ValueLabel* m_status;
     QToolButton* m_mode;
-    QLabel* m_date;
-    QLabel* m_time;
+    ValueLabel* m_date;
+    ValueLabel* m_time;
 };
 
 } // namespace tambrix

@@ -15,6 +15,7 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kIconSize(20, 20);
+constexpr int kMargin = 8;
 
 void setColor(QLabel& mark, const QColor& color)
 {
@@ -39,6 +40,8 @@ Toolbar::Toolbar(ProgramState& state)
 {
     setObjectName(QStringLiteral("toolbar"));
     setMovable(false);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
     setIconSize(kIconSize);
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addWidget(m_mode);
@@ -63,6 +66,7 @@ QLabel* Toolbar::addMark(const QString& name, const QString& toolTip)
     mark->setToolTip(toolTip);
     mark->setTextFormat(Qt::PlainText);
     mark->setContentsMargins(8, 0, 8, 0);
+    mark->setForegroundRole(QPalette::WindowText); // not the one of a button
     QFont bold = mark->font();
     bold.setBold(true);
     mark->setFont(bold);

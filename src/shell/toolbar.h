@@ -12,7 +12,7 @@ class ProgramState;
 
 /// The bar below the menus: the mode, the most used menu items with icon and word, and at its
 /// right end what one must not forget: unsaved changes, the simulated controller, the port. Every
-/// one of its actions is in the menus as well; it can be hidden from its own context menu.
+/// one of its actions is in the menus as well; the Tools menu hides it.
 class Toolbar : public QToolBar
 {
     Q_OBJECT
