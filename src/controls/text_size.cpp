@@ -14,11 +14,13 @@ namespace {
 constexpr const char* kSizeProperty = "textSize";
 constexpr const char* kBoldProperty = "textBold";
 
-constexpr std::array kSteps = {200, 150, 125, 100};
+constexpr std::array kSteps = {200, 150, 125, 100, 75};
 
 /// What a screen needs at 100 %, in the pixel size of the desktop's font (12 on most).
-constexpr int kPlaceWidth = 100;
+constexpr int kPlaceWidth = 103;
 constexpr int kPlaceHeight = 45;
+
+constexpr int kLargeFont = 15; // px; it can still be read at 60 %
 
 /// At 100 % the text of a screen is a third larger than the desktop's.
 constexpr double kTextAt100 = 4.0 / 3.0;
@@ -59,7 +61,12 @@ int scaleStep(const QSize& place, const QFont& desktop)
                place.height() * 100 >= kPlaceHeight * pixels * step;
     };
     const auto* largest = std::ranges::find_if(kSteps, fits);
-    return largest == kSteps.end() ? kSmallestStep : *largest;
+    return largest == kSteps.end() ? smallestStep(desktop) : *largest;
+}
+
+int smallestStep(const QFont& desktop)
+{
+    return QFontInfo(desktop).pixelSize() < kLargeFont ? 75 : 60;
 }
 
 void applyStep(QWidget& screen, int percent, const QFont& desktop)

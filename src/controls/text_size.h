@@ -20,9 +20,11 @@ void setTextSize(QWidget& control, TextSize size, bool bold = false);
 
 /// In per cent, the step of scale for a screen that has this much place on a desktop with this
 /// font: 75 (the desktop's own font), 100 (a third more, read from a step away), 125, 150 or 200.
+/// 60 only where a large font and a small window leave no other way.
 int scaleStep(const QSize& place, const QFont& desktop);
 
-inline constexpr int kSmallestStep = 75;
+/// The step below which nothing could be read.
+int smallestStep(const QFont& desktop);
 
 /// Writes the screen and all its controls in the type of this step.
 void applyStep(QWidget& screen, int percent, const QFont& desktop);

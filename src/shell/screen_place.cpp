@@ -35,7 +35,7 @@ void ScreenPlace::take(QWidget& screen)
 
 QSize ScreenPlace::minimumSizeHint() const
 {
-    return layout()->totalMinimumSize() * kSmallestStep / m_step;
+    return layout()->totalMinimumSize() * smallestStep(m_desktop) / m_step;
 }
 
 void ScreenPlace::resizeEvent(QResizeEvent* event)

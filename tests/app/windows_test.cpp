@@ -63,7 +63,7 @@ protected:
     void show(int index, QSize size)
     {
         rig.window->resize(size);
-        rig.window->showScreen(index);
+        rig.window->showScreen(static_cast<ScreenId>(index));
         PressRig::turns(kTurnsOfAPass);
     }
 

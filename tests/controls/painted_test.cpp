@@ -167,7 +167,8 @@ TEST(TextSizeTest, TheStepGrowsWithTheWindowAndShrinksWithALargerFont)
     EXPECT_EQ(scaleStep({2560, 1260}, desktop), 200);
     EXPECT_EQ(scaleStep({2560, 400}, desktop), 75);
     desktop.setPixelSize(18);
-    EXPECT_EQ(scaleStep({1366, 668}, desktop), 75);
+    EXPECT_EQ(scaleStep({1400, 668}, desktop), 75);
+    EXPECT_EQ(scaleStep({1280, 620}, desktop), 60);
     EXPECT_EQ(scaleStep({1920, 900}, desktop), 100);
 }
 
