@@ -1,5 +1,7 @@
 #include "link/board_names.h"
 
+#include "link/text.h"
+
 #include <array>
 
 namespace tambrix {
@@ -34,21 +36,14 @@ const Board* findBoard(std::int16_t type)
                : nullptr;
 }
 
-/// The character with the given code of the single-byte code page, in UTF-8.
-std::string characterOf(std::int16_t code)
-{
-    const auto byte = static_cast<unsigned char>(code);
-    if (byte < 0x80)
-        return {static_cast<char>(byte)};
-    return {static_cast<char>(0xC0 | (byte >> 6)), static_cast<char>(0x80 | (byte & 0x3F))};
-}
-
 } // namespace
 
 std::string TargetboardName(std::int16_t BoardType)
 {
     const Board* board = findBoard(BoardType);
-    return board != nullptr ? board->name : characterOf(BoardType) + " Is Not Defined.";
+    return board != nullptr
+               ? board->name
+               : utf8Character(static_cast<std::uint8_t>(BoardType)) + " Is Not Defined.";
 }
 
 std::string LCFBoardIndex(std::int16_t BoardType)

@@ -16,8 +16,10 @@ constexpr Duration kModeWait = 2s;
 /// After an answer that does not fit, whatever is still under way on the line (a late byte, one
 /// that came twice) must have arrived and be dropped. Longer than a USB adapter's latency timer.
 constexpr Duration kLineQuiet = 50ms;
-/// After a broken register frame the board may still wait for the frame's other half and would
-/// take 0xFF as an address or, worse, store it. This long a gap makes it drop the half frame.
+/// After a broken frame the board may still wait for the frame's other half and would take 0xFF
+/// as an address or, worse, store it. This long a gap makes it drop the half frame. It is the
+/// same after attention that broke a wait: it may have fallen into a frame, and the first answer
+/// may still come.
 constexpr Duration kHalfFrameQuiet = 600ms;
 constexpr Duration kSettleLimit = 2s;
 /// How long a wait may leave pending events unserved.
@@ -31,8 +33,9 @@ constexpr const char* kCannotSetMode = "Cannot Set PLC Mode Within Target Board.
 
 } // namespace
 
-ByteExchange::ByteExchange(LinkFlags& flags, Clock& clock, Operator& person)
-    : m_flags(flags), m_clock(clock), m_operator(person)
+ByteExchange::ByteExchange(LinkFlags& flags, Clock& clock, Operator& person,
+                           LinkObservers& observers)
+    : m_flags(flags), m_clock(clock), m_operator(person), m_observers(observers)
 {
 }
 
@@ -41,7 +44,8 @@ void ByteExchange::usePort(SerialPort& port)
     m_port = &port;
 }
 
-int ByteExchange::ExchangeByte(std::uint8_t byte, Await await, Waiting waiting)
+int ByteExchange::ExchangeByte(std::uint8_t byte, const ByteMeaning& meaning, Await await,
+                               Waiting waiting)
 {
     if (m_flags.CommError)
         return kNoReply;
@@ -50,17 +54,43 @@ int ByteExchange::ExchangeByte(std::uint8_t byte, Await await, Waiting waiting)
         m_flags.CommError = true;
         return kNoReply;
     }
+    settle();
     if (waiting == Waiting::Discard)
         m_port->discardInput();
-    m_attentionResent = false;
+    m_resends.clear();
     m_port->writeByte(byte);
     m_flags.CommErrorAlert = false;
-    return await == Await::Nothing ? 0 : awaitReply();
+    const Duration start = m_clock.now();
+    const bool due = await == Await::Reply;
+    const int reply = due ? awaitReply(start) : kNoReply;
+    m_lastWait = m_clock.now() - start;
+    if (!m_observers.empty())
+        report(byte, start, reply, meaning, due ? faultOf(reply, meaning) : ExchangeFault::None);
+    return due ? reply : 0;
 }
 
-int ByteExchange::awaitReply()
+ExchangeFault ByteExchange::faultOf(int reply, const ByteMeaning& meaning) const
 {
-    Duration deadline = m_clock.now() + kFirstReplyWait;
+    if (reply == kNoReply)
+        return ExchangeFault::NoAnswer;
+    if (resent())
+        return ExchangeFault::Resent;
+    return meaning.expected && *meaning.expected != reply ? ExchangeFault::WrongAnswer
+                                                          : ExchangeFault::None;
+}
+
+void ByteExchange::report(std::optional<std::uint8_t> sent, Duration start, int reply,
+                          const ByteMeaning& meaning, ExchangeFault fault)
+{
+    ExchangeReport report{start, m_lastWait, sent, {}, meaning, fault, m_resends};
+    if (reply != kNoReply)
+        report.reply = static_cast<std::uint8_t>(reply);
+    m_observers.tell(&LinkObserver::exchangeDone, report);
+}
+
+int ByteExchange::awaitReply(Duration sentAt)
+{
+    Duration deadline = sentAt + kFirstReplyWait;
     int tries = 0;
     while (!inputBefore(deadline)) {
         forgetMode();
@@ -71,8 +101,8 @@ int ByteExchange::awaitReply()
             m_flags.CommError = false;
             m_port->discardInput();
             m_port->writeByte(kAttention);
-            m_attentionResent = true;
-            outOfStep(kLineQuiet);
+            m_resends.push_back(m_clock.now());
+            outOfStep(kHalfFrameQuiet);
         } else if (retryWanted(kCannotCommunicate)) {
             tries = 0;
         } else {
@@ -96,9 +126,9 @@ bool ByteExchange::inputBefore(Duration deadline)
 
 int ByteExchange::callAttention(Waiting waiting)
 {
-    settle();
     forgetMode();
-    return ExchangeByte(kAttention, Await::Reply, waiting);
+    return ExchangeByte(kAttention, {ByteUse::Attention, LinkMode::None, -1, kAcknowledge},
+                        Await::Reply, waiting);
 }
 
 bool ByteExchange::EnterLinkMode(LinkMode mode, std::uint8_t commandByte)
@@ -106,43 +136,58 @@ bool ByteExchange::EnterLinkMode(LinkMode mode, std::uint8_t commandByte)
     forgetMode();
     settle();
     Duration deadline = m_clock.now() + kModeWait;
-    while (m_mode != mode) {
+    m_enteredAtOnce = tryToEnter(mode, commandByte);
+    while (m_mode != mode && !m_flags.CommError) {
         if (m_clock.now() >= deadline) {
             if (!retryWanted(kCannotSetMode)) {
-                m_flags.CommError = true;
-                m_flags.OnlineMode = false;
-                closePort();
+                giveUp();
                 return false;
             }
             deadline = m_clock.now() + kModeWait;
         }
-        if (callAttention(Waiting::Discard) == kAcknowledge && acknowledgesCommand(commandByte))
-            m_mode = mode;
-        else if (m_flags.CommError)
-            return false;
-        else
-            outOfStep(kLineQuiet);
+        tryToEnter(mode, commandByte);
     }
-    return true;
+    return m_mode == mode;
 }
 
-bool ByteExchange::acknowledgesCommand(std::uint8_t commandByte)
+/// Calls attention and asks for `mode` once. Returns whether the board took it without a resend;
+/// whether it is in the mode is what mode() says.
+bool ByteExchange::tryToEnter(LinkMode mode, std::uint8_t commandByte)
 {
-    const int reply = ExchangeByte(commandByte, Await::Reply, Waiting::Keep);
-    return reply == kAcknowledge && !m_attentionResent;
+    const bool attentive = callAttention(Waiting::Discard) == kAcknowledge;
+    const bool atOnce = !resent();
+    const ByteMeaning command{ByteUse::ModeCommand, mode, -1, kAcknowledge};
+    if (attentive &&
+        ExchangeByte(commandByte, command, Await::Reply, Waiting::Keep) == kAcknowledge &&
+        !resent()) {
+        m_mode = mode;
+        return atOnce;
+    }
+    outOfStep(kLineQuiet);
+    return false;
 }
 
-int ByteExchange::exchangeInFrame(std::uint8_t byte)
+/// The operator has had enough of a board that does not take a mode.
+void ByteExchange::giveUp()
 {
-    const int reply = ExchangeByte(byte);
-    return m_attentionResent ? kNoReply : reply;
+    m_flags.CommError = true;
+    m_flags.OnlineMode = false;
+    closePort();
 }
 
-bool ByteExchange::echoes(std::uint8_t byte)
+int ByteExchange::exchangeInFrame(std::uint8_t byte, ByteMeaning meaning)
 {
-    if (exchangeInFrame(byte) == byte)
+    meaning.mode = m_mode;
+    const int reply = ExchangeByte(byte, meaning);
+    return resent() ? kNoReply : reply;
+}
+
+bool ByteExchange::echoes(std::uint8_t byte, ByteMeaning meaning)
+{
+    meaning.expected = byte;
+    if (exchangeInFrame(byte, meaning) == byte)
         return true;
-    if (m_attentionResent)
+    if (resent())
         forgetMode();
     else
         abandonFrame();
@@ -155,11 +200,22 @@ void ByteExchange::abandonFrame()
     outOfStep(kHalfFrameQuiet);
 }
 
-int ByteExchange::awaitByte(Duration limit, const PendingEvents& pendingEvents)
+int ByteExchange::awaitByte(const ByteMeaning& meaning, Duration limit,
+                            const PendingEvents& pendingEvents)
 {
     if (m_flags.CommError || !isPortOpen())
         return kNoReply;
-    const Duration deadline = m_clock.now() + limit;
+    m_resends.clear();
+    const Duration start = m_clock.now();
+    const int reply = inputOrEvents(start + limit, pendingEvents);
+    m_lastWait = m_clock.now() - start;
+    if (!m_observers.empty())
+        report(std::nullopt, start, reply, meaning, faultOf(reply, meaning));
+    return reply;
+}
+
+int ByteExchange::inputOrEvents(Duration deadline, const PendingEvents& pendingEvents)
+{
     while (!inputBefore(std::min(m_clock.now() + kEventInterval, deadline))) {
         if (m_clock.now() >= deadline)
             return kNoReply;
@@ -171,8 +227,10 @@ int ByteExchange::awaitByte(Duration limit, const PendingEvents& pendingEvents)
 
 void ByteExchange::closePort()
 {
-    if (isPortOpen())
+    if (isPortOpen()) {
         m_port->close();
+        m_observers.tell(&LinkObserver::linkClosed);
+    }
     forgetMode();
 }
 

@@ -1,19 +1,16 @@
 #include "link/fault_text.h"
 
 #include "link/lenient_number.h"
+#include "link/text.h"
 #include "link/text_records.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace tambrix {
 
 std::string faultCodeText(std::int16_t code)
 {
-    char text[8];
-    std::snprintf(text, sizeof text, "%02X",
-                  static_cast<unsigned>(static_cast<std::uint16_t>(code)));
-    return text;
+    return hexText(static_cast<std::uint16_t>(code), 2);
 }
 
 std::string faultDescription(std::int16_t code, const std::filesystem::path& faultFile)

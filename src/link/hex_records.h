@@ -36,9 +36,9 @@ struct HexImage
 };
 
 /// Reads the text of an image file, one record a line: mark ':', length, address (high byte
-/// first), type, data bytes and checksum, two hexadecimal digits a byte in either form. A record
-/// of length 0 (the end record) loads nothing. Type and checksum must be there; they mean nothing
-/// to the board, which is never sent them.
+/// first), type and data bytes, two hexadecimal digits a byte in either form. What follows the
+/// data (a checksum, any text) and the type mean nothing to the board, which is never sent them;
+/// they are not looked at. A record of length 0 (the end record) loads nothing.
 HexImage parseHexImage(std::string_view text);
 
 /// The same for a file.

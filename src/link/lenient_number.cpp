@@ -1,33 +1,21 @@
 #include "link/lenient_number.h"
 
 #include <algorithm>
+#include <charconv>
 #include <limits>
 
 namespace tambrix {
 
 namespace {
 
-constexpr int kNoDigit = -1;
-
-int digitValue(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    const char upper = upperCase(c);
-    return upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : kNoDigit;
-}
-
 std::int32_t digitsAtFront(std::string_view text, int base)
 {
-    constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
-    std::int64_t number = 0;
-    for (const char c : text) {
-        const int digit = digitValue(c);
-        if (digit == kNoDigit || digit >= base)
-            break;
-        number = std::min(number * base + digit, kHighest);
-    }
-    return static_cast<std::int32_t>(number);
+    constexpr std::uint32_t kHighest = std::numeric_limits<std::int32_t>::max();
+    std::uint32_t number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number, base);
+    if (read.ec == std::errc::result_out_of_range)
+        number = kHighest;
+    return static_cast<std::int32_t>(std::min(number, kHighest));
 }
 
 } // namespace

@@ -22,7 +22,7 @@ constexpr int kUpload = 12;
 constexpr int kRecall = 9;
 
 constexpr std::uint8_t kStatusPoll = 0x38;
-constexpr std::uint8_t kNext = 0x55; ///< asks for the next byte
+constexpr std::uint8_t kNext = 0x55;
 constexpr int kReady = 0;
 
 constexpr int kHighestByte = 255;
@@ -51,8 +51,8 @@ std::optional<int> LimitSwitch::read(Parameter parameter)
 {
     if (!enter(LinkMode::SwitchParameter, static_cast<int>(parameter)))
         return std::nullopt;
-    const int low = m_exchange.exchangeInFrame(kNext);
-    const int high = low == kNoReply ? kNoReply : m_exchange.exchangeInFrame(kNext);
+    const int low = nextByte();
+    const int high = low == kNoReply ? kNoReply : nextByte();
     m_exchange.forgetMode();
     if (high == kNoReply || m_flags.CommError)
         return std::nullopt;
@@ -66,11 +66,12 @@ bool LimitSwitch::SingleSetpoint(int Chan, int OnSetpoint, int OffSetpoint, bool
         return false;
     for (const int setpoint : {OnSetpoint, OffSetpoint}) {
         if (setpoint > *scale - 1)
-            return refuse("PLS Single Setpoint", "Setpoint setting " + std::to_string(setpoint) +
-                                                     " is greater than scale factor.\r\n\r\n"
-                                                     "Channel can not be programmed.");
+            return refuseSetpoint(setpoint, " is greater than scale factor.");
+        if (setpoint < 0) // before the channel is cleared for it
+            return refuseSetpoint(setpoint, " is less than 0.");
     }
-    // This clearing writes the scale factor where ClearPLSChan writes 0; the switch takes both.
+    // kept: this clearing writes the scale factor where ClearPLSChan writes 0; the switch takes
+    // both.
     if (ClearChan && !programChannel(kProgramSetpoints, Chan, 0, *scale, 0))
         return false;
     return programChannel(kProgramSetpoints, Chan, OnSetpoint, OffSetpoint, 1);
@@ -128,10 +129,11 @@ bool LimitSwitch::PLSConfigDownload(const PLSConfig& CfgParam, int ScaleFactor)
 {
     for (std::size_t entry = 0; entry < CfgParam.size(); ++entry) {
         if (!isByte(CfgParam[entry]))
-            return refuse("PLS Download", "Configuration entry " + std::to_string(entry) +
-                                              " must be between 0 and 255.\r\n\r\n"
-                                              "PLS Configuration will not be Programmed.");
+            return refuseDownload("Configuration entry " + std::to_string(entry) +
+                                  " must be between 0 and 255.");
     }
+    if (!isWord(ScaleFactor))
+        return refuseDownload("The scale factor must be between 0 and 65535.");
     for (int block = 0; block < kBlocks; ++block) {
         if (!writeBlock(block, CfgParam))
             return false;
@@ -152,30 +154,27 @@ bool LimitSwitch::writeBlock(int block, const PLSConfig& config)
 bool LimitSwitch::RecallChannel(int Chan)
 {
     m_recall.state = kRecallFailed;
-    if (isByte(Chan) && enter(LinkMode::SwitchRecall, kRecall)) {
-        const ChannelRecall frame = recallFrame(Chan);
-        if (frame.state != kRecallFailed)
-            m_recall = frame;
-    }
+    if (isByte(Chan) && enter(LinkMode::SwitchRecall, kRecall))
+        m_recall = recallFrame(Chan).value_or(m_recall);
     m_exchange.forgetMode();
     return m_recall.state != kRecallFailed;
 }
 
-ChannelRecall LimitSwitch::recallFrame(int chan)
+std::optional<ChannelRecall> LimitSwitch::recallFrame(int chan)
 {
-    const ChannelRecall failed{0, kRecallFailed};
-    if (!acknowledges(chan))
-        return failed;
+    if (!acknowledges(chan, ByteUse::Data))
+        return std::nullopt;
     std::array<int, 3> replies{}; // state, position low, position high
     for (int& reply : replies) {
-        reply = m_exchange.exchangeInFrame(kNext);
+        reply = nextByte();
         if (reply == kNoReply)
-            return failed;
+            return std::nullopt;
     }
     if (replies[2] > kHighestRecallHigh)
-        return failed;
-    return {static_cast<std::int16_t>(replies[2] * 256 + replies[1]),
-            static_cast<std::int16_t>(replies[0])};
+        return std::nullopt;
+    // kept: a state of 2 from the switch itself brings its position along and counts as failed.
+    return ChannelRecall{static_cast<std::int16_t>(replies[2] * 256 + replies[1]),
+                         static_cast<std::int16_t>(replies[0])};
 }
 
 const PLSConfig& LimitSwitch::PLSConfigUpload()
@@ -191,7 +190,7 @@ bool LimitSwitch::uploadConfiguration()
     if (!enter(LinkMode::SwitchUpload, kUpload))
         return false;
     for (std::int16_t& entry : m_config) {
-        const int reply = m_exchange.exchangeInFrame(kNext);
+        const int reply = nextByte();
         if (reply == kNoReply)
             return false;
         entry = static_cast<std::int16_t>(reply);
@@ -217,6 +216,17 @@ bool LimitSwitch::writeValue(int command, int value)
            sendAndStore(frame.data(), frame.data() + frame.size());
 }
 
+bool LimitSwitch::refuseSetpoint(int setpoint, const char* reason)
+{
+    return refuse("PLS Single Setpoint", "Setpoint setting " + std::to_string(setpoint) + reason +
+                                             "\r\n\r\nChannel can not be programmed.");
+}
+
+bool LimitSwitch::refuseDownload(const std::string& reason)
+{
+    return refuse("PLS Download", reason + "\r\n\r\nPLS Configuration will not be Programmed.");
+}
+
 bool LimitSwitch::enter(LinkMode mode, int command)
 {
     return m_exchange.EnterLinkMode(mode, static_cast<std::uint8_t>(command)) && !m_flags.CommError;
@@ -225,7 +235,8 @@ bool LimitSwitch::enter(LinkMode mode, int command)
 /// Sends the data bytes of a programming command and waits until the switch has stored them.
 bool LimitSwitch::sendAndStore(const int* first, const int* last)
 {
-    const bool sent = std::all_of(first, last, [this](int byte) { return acknowledges(byte); });
+    const bool sent =
+        std::all_of(first, last, [this](int byte) { return acknowledges(byte, ByteUse::Data); });
     const bool stored = sent && waitUntilReady();
     if (sent)
         m_exchange.forgetMode();
@@ -234,10 +245,17 @@ bool LimitSwitch::sendAndStore(const int* first, const int* last)
     return stored;
 }
 
-bool LimitSwitch::acknowledges(int byte)
+bool LimitSwitch::acknowledges(int byte, ByteUse use)
 {
-    return m_exchange.exchangeInFrame(static_cast<std::uint8_t>(byte)) == kAcknowledge &&
+    const ByteMeaning meaning{use, {}, -1, kAcknowledge};
+    return m_exchange.exchangeInFrame(static_cast<std::uint8_t>(byte), meaning) == kAcknowledge &&
            !m_flags.CommError;
+}
+
+/// Asks the switch for its next byte.
+int LimitSwitch::nextByte()
+{
+    return m_exchange.exchangeInFrame(kNext, {ByteUse::NextByte});
 }
 
 bool LimitSwitch::waitUntilReady()
@@ -259,9 +277,9 @@ bool LimitSwitch::waitUntilReady()
 
 bool LimitSwitch::saysReady()
 {
-    if (!acknowledges(kStatusPoll) || m_exchange.exchangeInFrame(kNext) != kReady)
+    if (!acknowledges(kStatusPoll, ByteUse::StatusPoll) || nextByte() != kReady)
         return false;
-    m_exchange.exchangeInFrame(kNext);
+    nextByte();
     return !m_flags.CommError;
 }
 

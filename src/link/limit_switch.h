@@ -61,14 +61,17 @@ private:
     bool writeValue(int command, int value);
     bool writeBlock(int block, const PLSConfig& config);
     bool uploadConfiguration();
-    ChannelRecall recallFrame(int chan);
+    std::optional<ChannelRecall> recallFrame(int chan);
     bool enter(LinkMode mode, int command);
-    bool acknowledges(int byte);
+    bool acknowledges(int byte, ByteUse use);
+    int nextByte();
     bool sendAndStore(const int* first, const int* last);
     bool waitUntilReady();
     bool saysReady();
     bool retryWanted();
     bool refuse(const char* title, const std::string& text);
+    bool refuseSetpoint(int setpoint, const char* reason);
+    bool refuseDownload(const std::string& reason);
     bool refuseTrain(const std::string& reason);
     bool trainFits(int on, int off, int start, int scale);
 

@@ -1,7 +1,9 @@
 #include "link/program_files.h"
 
 #include "link/board_names.h"
+#include "link/lenient_number.h"
 #include "link/mark_hex.h"
+#include "link/text.h"
 
 #include <fstream>
 
@@ -39,17 +41,17 @@ BoardKind kindOf(std::int16_t boardType)
     }
 }
 
-std::string utf8(const fs::path& path)
-{
-    const auto text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
 std::optional<int> settingAt(std::string_view line, std::size_t column)
 {
     if (column >= line.size() || line[column] < '0' || line[column] > '9')
         return std::nullopt;
     return line[column] - '0';
+}
+
+/// The byte of two digits at `position`, in decimal; what is no digit ends the number.
+std::string pairText(std::string_view line, std::size_t position)
+{
+    return std::to_string(leadingHex(MarkHex2HEX(line.substr(position, 2))));
 }
 
 /// The program path without its three-letter extension, with another one instead.
@@ -67,12 +69,8 @@ std::optional<ProgramIdentity> parseRevisionLine(std::string_view line)
     if (line.size() < kIdentityDigits)
         return std::nullopt;
     const std::size_t digits = line.size() - kIdentityDigits;
-    const auto checksum = hexPair(line, digits);
-    const auto revision = hexPair(line, digits + 2);
-    if (!checksum || !revision)
-        return std::nullopt;
-    return ProgramIdentity{std::string(line.substr(0, digits)), std::to_string(*revision),
-                           std::to_string(*checksum)};
+    return ProgramIdentity{std::string(line.substr(0, digits)), pairText(line, digits + 2),
+                           pairText(line, digits)};
 }
 
 std::optional<ProgramConfiguration> parseConfigurationLine(std::string_view line)
@@ -110,12 +108,8 @@ std::string printable(std::string_view bytes)
     std::string text;
     for (const char c : bytes) {
         const auto code = static_cast<unsigned char>(c);
-        if (code >= 0xA0) { // the upper half of the controller's set, two bytes in UTF-8
-            text += static_cast<char>(0xC0 | code >> 6);
-            text += static_cast<char>(0x80 | (code & 0x3F));
-        } else {
-            text += code >= 0x20 && code < 0x7F ? c : ' ';
-        }
+        const bool shows = code >= 0xA0 || (code >= 0x20 && code < 0x7F);
+        text += shows ? utf8Character(code) : " ";
     }
     return text;
 }
@@ -173,14 +167,14 @@ void ProgramFiles::check()
     }
 }
 
-// The last reader that ran decides over the whole set.
+// kept: the last reader that ran decides over the whole set.
 void ProgramFiles::readRevision()
 {
     const auto identity = readRevisionFile(m_revision);
     m_identity = identity.value_or(ProgramIdentity{});
     m_identityKnown = m_valid = identity.has_value();
     if (!m_valid)
-        refuse(utf8(m_revision) + " Revision File is Not Valid");
+        refuse(utf8Path(m_revision) + " Revision File is Not Valid");
 }
 
 void ProgramFiles::readConfiguration()
@@ -190,7 +184,7 @@ void ProgramFiles::readConfiguration()
     m_configuration = configuration.value_or(ProgramConfiguration{});
     m_valid = configuration.has_value();
     if (!m_valid)
-        refuse(utf8(m_configurationFile) + " Configuration File is Not Valid");
+        refuse(utf8Path(m_configurationFile) + " Configuration File is Not Valid");
 }
 
 void ProgramFiles::refuse(const std::string& reason)
@@ -201,7 +195,7 @@ void ProgramFiles::refuse(const std::string& reason)
 
 std::string ProgramFiles::baseName() const
 {
-    return utf8(m_program.stem());
+    return utf8Path(m_program.stem());
 }
 
 } // namespace tambrix

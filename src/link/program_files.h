@@ -26,8 +26,8 @@ struct ProgramConfiguration
     int c = 3;
 };
 
-/// Splits a revision line: name, two digits of checksum, two digits of revision (MarkHEX).
-/// Empty for a line of less than four characters or with a digit that is none.
+/// Splits a revision line: name, two digits of checksum, two digits of revision (MarkHEX). Other
+/// text in their place reads as 0. Empty for a line of less than four characters.
 std::optional<ProgramIdentity> parseRevisionLine(std::string_view line);
 
 /// Takes the settings at columns 36, 39 and 40 (counted from 1). Empty when one is no digit.

@@ -1,6 +1,8 @@
 #include "link/program_transfer.h"
 
+#include "link/board_registers.h"
 #include "link/lenient_number.h"
+#include "link/text.h"
 
 #include <algorithm>
 #include <string_view>
@@ -8,6 +10,7 @@
 namespace tambrix {
 
 using namespace std::chrono_literals;
+using namespace board_registers;
 
 namespace {
 
@@ -17,42 +20,18 @@ constexpr Duration kRequestPause = 100ms; ///< the board stops its program
 constexpr Duration kRestartPause = 2s;    ///< the board starts the new one
 constexpr Duration kPauseStep = 20ms;
 
-constexpr int kProgramModeRequest = 8181;
 constexpr int kRequestValue = 86;
-constexpr int kCurrentFault = 8176;
-constexpr int kConfigurationC = 8188;
-constexpr int kConfigurationB = 8189;
-constexpr int kConfigurationA = 8190;
-constexpr int kName = 61424;
-constexpr std::size_t kNameLength = 8;
-constexpr int kChecksum = 61432;
-constexpr int kRevision = 61433;
 
 constexpr const char* kTitle = "Program Download";
 constexpr const char* kDumpTitle = "Program Dump";
 constexpr const char* kConfigTitle = "Program Config Download";
 constexpr const char* kHalted = "Program Download Halted!";
 
-std::string byteRegister(int address)
-{
-    return "B" + std::to_string(address);
-}
-
 int choice(int setting, int forOne, int forTwo, int otherwise)
 {
     if (setting == 1)
         return forOne;
     return setting == 2 ? forTwo : otherwise;
-}
-
-/// "1A00H"
-std::string addressText(std::uint16_t address)
-{
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    for (const int shift : {12, 8, 4, 0})
-        text += kDigits[static_cast<std::size_t>(address >> shift & 0xF)];
-    return text + "H";
 }
 
 std::string faultText(const HexFault& fault)
@@ -109,17 +88,18 @@ std::optional<ProgramIdentity> ProgramTransfer::identityInBoard()
 {
     ProgramIdentity identity;
     identity.name.clear();
-    for (int address = kName; address <= kRevision; ++address) {
+    for (int address = kProgramName; address <= kProgramRevision; ++address) {
         servePendingEvents();
         auto value = m_registers.ReadRegister(byteRegister(address));
         if (!value && !m_flags.CommError) // the line was disturbed, but the board is there
             value = m_registers.ReadRegister(byteRegister(address));
         if (!value)
             return std::nullopt;
-        if (address < kChecksum)
+        if (address < kProgramChecksum)
             identity.name += static_cast<char>(*value);
         else
-            (address == kChecksum ? identity.checksum : identity.revision) = std::to_string(*value);
+            (address == kProgramChecksum ? identity.checksum : identity.revision) =
+                std::to_string(*value);
     }
     return identity;
 }
@@ -184,7 +164,7 @@ ProgramTransfer::Outcome ProgramTransfer::sendRecords(const HexImage& image)
     m_progress.records = static_cast<int>(image.records.size());
     m_progress.recordsSent = 0;
     for (const HexRecord& record : image.records) {
-        m_progress.CurrentProgramAdd = addressText(record.address);
+        m_progress.CurrentProgramAdd = hexText(record.address, 4) + "H";
         servePendingEvents();
         const bool stored = acknowledged(record);
         if (m_flags.CommError)
@@ -201,17 +181,20 @@ ProgramTransfer::Outcome ProgramTransfer::sendRecords(const HexImage& image)
 bool ProgramTransfer::acknowledged(const HexRecord& record)
 {
     std::uint16_t sum = 0;
-    const auto send = [&](int value, Waiting waiting) {
+    const auto send = [&](int value, ByteUse use, Waiting waiting) {
         const auto byte = static_cast<std::uint8_t>(value);
-        m_exchange.ExchangeByte(byte, Await::Nothing, waiting);
+        m_exchange.ExchangeByte(byte, {use, LinkMode::ProgramLoad, record.address}, Await::Nothing,
+                                waiting);
         sum = static_cast<std::uint16_t>(sum + byte);
     };
-    send(static_cast<int>(record.data.size()), Waiting::Discard);
-    send(record.address >> 8, Waiting::Keep);
-    send(record.address & 0xFF, Waiting::Keep);
+    send(static_cast<int>(record.data.size()), ByteUse::RecordLength, Waiting::Discard);
+    send(record.address >> 8, ByteUse::AddressHigh, Waiting::Keep);
+    send(record.address & 0xFF, ByteUse::AddressLow, Waiting::Keep);
     for (const std::uint8_t byte : record.data)
-        send(byte, Waiting::Keep);
-    return m_exchange.awaitByte(kAcknowledgeWait, m_pendingEvents) == (sum & 0xFF);
+        send(byte, ByteUse::Data, Waiting::Keep);
+    const auto expected = static_cast<std::uint8_t>(sum & 0xFF);
+    const ByteMeaning answer{ByteUse::RecordSum, LinkMode::ProgramLoad, record.address, expected};
+    return m_exchange.awaitByte(answer, kAcknowledgeWait, m_pendingEvents) == expected;
 }
 
 void ProgramTransfer::leaveProgramMode()
@@ -227,12 +210,13 @@ bool ProgramTransfer::writeIdentity(const ProgramFiles& files)
         return false;
     m_progress.WritingIdent = true;
     std::string name = files.identity().name;
-    name.resize(kNameLength, ' ');
+    name.resize(kProgramNameLength, ' ');
     bool written = true;
-    for (std::size_t i = 0; written && i < kNameLength; ++i)
-        written = writeByte(kName + static_cast<int>(i), static_cast<unsigned char>(name[i]));
-    return written && writeByte(kChecksum, leadingDecimal(files.identity().checksum)) &&
-           writeByte(kRevision, leadingDecimal(files.identity().revision));
+    for (std::size_t i = 0; written && i < kProgramNameLength; ++i)
+        written =
+            writeByte(kProgramName + static_cast<int>(i), static_cast<unsigned char>(name[i]));
+    return written && writeByte(kProgramChecksum, leadingDecimal(files.identity().checksum)) &&
+           writeByte(kProgramRevision, leadingDecimal(files.identity().revision));
 }
 
 bool ProgramTransfer::writeByte(int address, int value)

@@ -1,5 +1,6 @@
 #include "link/register_access.h"
 
+#include "link/board_registers.h"
 #include "link/lenient_number.h"
 
 namespace tambrix {
@@ -19,29 +20,27 @@ std::uint8_t addressLow(std::int32_t byteAddress)
     return static_cast<std::uint8_t>(byteAddress);
 }
 
-std::string rangeText(char regLetter)
-{
-    switch (regLetter) {
-    case 'W':
-        return "(0-65,535).";
-    case 'D':
-        return "(0-655,359,999).";
-    default:
-        return "(0-255).";
-    }
-}
-
 } // namespace
 
-RegisterAccess::RegisterAccess(ByteExchange& exchange, Operator& person)
-    : m_exchange(exchange), m_operator(person)
+RegisterAccess::RegisterAccess(ByteExchange& exchange, Operator& person, LinkObservers& observers)
+    : m_exchange(exchange), m_operator(person), m_observers(observers)
 {
 }
 
 std::optional<std::int64_t> RegisterAccess::ReadRegister(std::string_view addr)
 {
-    if (!prepareRead(addr))
-        return std::nullopt;
+    m_frameExpired = false;
+    auto value = prepareRead(addr) ? readValue() : std::nullopt;
+    if (m_frameExpired) // nothing was wrong but the time: once more
+        value = prepareRead(addr) ? readValue() : std::nullopt;
+    if (!m_observers.empty())
+        m_observers.tell(&LinkObserver::registerRead, addr, std::to_string(value.value_or(0)),
+                         value.has_value());
+    return value;
+}
+
+std::optional<std::int64_t> RegisterAccess::readValue()
+{
     ValueBytes bytes{};
     for (int i = 0; i < registerWidth(m_read.RegLetter); ++i) {
         const auto data = readByteAt(m_read.RegAddress + i);
@@ -55,20 +54,21 @@ std::optional<std::int64_t> RegisterAccess::ReadRegister(std::string_view addr)
 bool RegisterAccess::prepareRead(std::string_view addr)
 {
     const bool wasReading = m_exchange.mode() == LinkMode::Read;
-    if (!wasReading && !m_exchange.EnterLinkMode(LinkMode::Read, kReadCommand))
-        return false;
     if (!wasReading || !sameIgnoringCase(addr, m_lastReadAddr)) {
         ParseAddress(addr, m_read);
         m_lastReadAddr = addr;
     }
-    return true;
+    return isReachable(m_read) &&
+           (wasReading || m_exchange.EnterLinkMode(LinkMode::Read, kReadCommand));
 }
 
 std::optional<std::uint8_t> RegisterAccess::readByteAt(std::int32_t byteAddress)
 {
-    if (!m_exchange.echoes(addressHigh(byteAddress)))
+    if (!m_exchange.echoes(addressHigh(byteAddress), {ByteUse::AddressHigh, {}, byteAddress}) ||
+        !frameGoesOn())
         return std::nullopt;
-    const int data = m_exchange.exchangeInFrame(addressLow(byteAddress));
+    const int data =
+        m_exchange.exchangeInFrame(addressLow(byteAddress), {ByteUse::AddressLow, {}, byteAddress});
     if (data == kNoReply)
         return std::nullopt;
     return static_cast<std::uint8_t>(data);
@@ -79,57 +79,53 @@ bool RegisterAccess::WriteRegister(std::string_view addr, std::string_view value
     m_writeVerifyFailed = false;
     RegisterAddress address;
     ParseAddress(addr, address);
-    const auto number = numberToWrite(address, value);
-    return number && fits(address.RegLetter, *number) &&
-           writeBytes(address, splitValue(address.RegLetter, *number));
+    if (!isReachable(address))
+        return false;
+    if (const auto reason = entryRefusal(address, value)) {
+        entryAlert(*reason);
+        return false;
+    }
+    const std::int64_t number = entryNumber(value).value_or(0);
+    if (address.IsBitAddress)
+        return writeBit(address, number == 1);
+    return enterWriteMode() && writeBytes(address, splitValue(address.RegLetter, number));
 }
 
 bool RegisterAccess::writeWithRetry(std::string_view addr, std::string_view value)
 {
-    return WriteRegister(addr, value) || (m_writeVerifyFailed && WriteRegister(addr, value));
+    const bool written =
+        WriteRegister(addr, value) || (m_writeVerifyFailed && WriteRegister(addr, value));
+    if (!m_observers.empty())
+        m_observers.tell(&LinkObserver::registerWritten, addr, value, written);
+    return written;
 }
 
-std::optional<std::int64_t> RegisterAccess::numberToWrite(const RegisterAddress& address,
-                                                          std::string_view value)
+bool RegisterAccess::writeBit(const RegisterAddress& address, bool set)
 {
-    const auto number = entryNumber(value);
-    if (!number) {
-        entryAlert("Only Numerical Data Allowed.");
-        return std::nullopt;
+    constexpr int kTries = 2;
+    const std::string byteName = byteRegister(address.RegAddress);
+    for (int i = 0; i < kTries; ++i) {
+        const auto byte = ReadRegister(byteName);
+        // kept: the other seven bits are the ductors' or the operator's next to this one. Where
+        // the board did not take the next mode at once, the answers may have been out of step
+        // while the byte was read: it is read again, and without it nothing is written.
+        if (!byte || !enterWriteMode() || !m_exchange.enteredAtOnce())
+            continue;
+        const std::int64_t mask = address.BitMask;
+        return writeBytes(address, splitValue('B', set ? *byte | mask : *byte & ~mask));
     }
-    if (!address.IsBitAddress)
-        return number;
-    if (*number > 1) {
-        entryAlert("Enter 0 or 1 Only.");
-        return std::nullopt;
-    }
-    return withBit(address, *number);
-}
-
-std::optional<std::int64_t> RegisterAccess::withBit(const RegisterAddress& address,
-                                                    std::int64_t bit)
-{
-    const auto byte = ReadRegister("B" + std::to_string(address.RegAddress));
-    // Without the byte's other seven bits nothing may be written over them.
-    m_writeVerifyFailed = !byte.has_value();
-    if (!byte)
-        return std::nullopt;
-    return bit == 1 ? *byte | address.BitMask : *byte & ~std::int64_t{address.BitMask};
-}
-
-bool RegisterAccess::fits(char regLetter, std::int64_t number)
-{
-    if (number <= highestValue(regLetter))
-        return true;
-    entryAlert("Entry out of Range " + rangeText(regLetter));
+    m_writeVerifyFailed = true;
     return false;
+}
+
+bool RegisterAccess::enterWriteMode()
+{
+    return m_exchange.mode() == LinkMode::Write ||
+           m_exchange.EnterLinkMode(LinkMode::Write, kWriteCommand);
 }
 
 bool RegisterAccess::writeBytes(const RegisterAddress& address, const ValueBytes& bytes)
 {
-    if (m_exchange.mode() != LinkMode::Write &&
-        !m_exchange.EnterLinkMode(LinkMode::Write, kWriteCommand))
-        return false;
     for (int i = 0; i < registerWidth(address.RegLetter) && !m_writeVerifyFailed; ++i)
         m_writeVerifyFailed =
             !writeByteAt(address.RegAddress + i, bytes[static_cast<std::size_t>(i)]);
@@ -138,8 +134,19 @@ bool RegisterAccess::writeBytes(const RegisterAddress& address, const ValueBytes
 
 bool RegisterAccess::writeByteAt(std::int32_t byteAddress, std::uint8_t data)
 {
-    return m_exchange.echoes(addressHigh(byteAddress)) &&
-           m_exchange.echoes(addressLow(byteAddress)) && m_exchange.echoes(data);
+    return m_exchange.echoes(addressHigh(byteAddress), {ByteUse::AddressHigh, {}, byteAddress}) &&
+           frameGoesOn() &&
+           m_exchange.echoes(addressLow(byteAddress), {ByteUse::AddressLow, {}, byteAddress}) &&
+           frameGoesOn() && m_exchange.echoes(data, {ByteUse::Data, {}, byteAddress});
+}
+
+bool RegisterAccess::frameGoesOn()
+{
+    if (m_exchange.frameIsAlive())
+        return true;
+    m_frameExpired = true;
+    m_exchange.abandonFrame();
+    return false;
 }
 
 void RegisterAccess::entryAlert(const std::string& text)

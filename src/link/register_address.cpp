@@ -71,6 +71,12 @@ int registerWidth(char regLetter)
     }
 }
 
+bool isReachable(const RegisterAddress& address)
+{
+    constexpr std::int32_t kHighestByteAddress = 0xFFFF;
+    return address.RegAddress <= kHighestByteAddress - (registerWidth(address.RegLetter) - 1);
+}
+
 void ParseAddress(std::string_view addr, RegisterAddress& fields)
 {
     fields.IsBitAddress = false;

@@ -17,6 +17,9 @@ struct RegisterAddress
 /// Bytes that a value of kind `regLetter` occupies: 1, 2 or 4; 0 for an unknown letter.
 int registerWidth(char regLetter);
 
+/// Whether the wire, which names 64 KiB, can name every byte of the register.
+bool isReachable(const RegisterAddress& address);
+
 /// Reads an address string such as "B100.3", "W1298", "D940", "F123" or "A800H" into `fields`.
 /// Never fails: what it does not understand names byte 32, the first byte of the flag area.
 /// `BitMask` is left as it was when `addr` names no bit.

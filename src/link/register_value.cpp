@@ -1,7 +1,6 @@
 #include "link/register_value.h"
 
-#include <algorithm>
-#include <limits>
+#include "link/lenient_number.h"
 
 namespace tambrix {
 
@@ -22,6 +21,18 @@ std::uint8_t lowByte(std::int64_t number)
 std::uint8_t highByte(std::int64_t number)
 {
     return static_cast<std::uint8_t>(number / 256);
+}
+
+std::string rangeText(char regLetter)
+{
+    switch (regLetter) {
+    case 'W':
+        return "Entry out of Range (0-65,535).";
+    case 'D':
+        return "Entry out of Range (0-655,359,999).";
+    default:
+        return "Entry out of Range (0-255).";
+    }
 }
 
 } // namespace
@@ -61,17 +72,30 @@ std::int64_t highestValue(char regLetter)
 
 std::optional<std::int64_t> entryNumber(std::string_view text)
 {
-    constexpr std::int64_t kBeyondAnyRegister = std::numeric_limits<std::int32_t>::max();
     // The degree sign is 0xB0, alone or, in UTF-8, after 0xC2.
     constexpr std::string_view kDropped = " %,.\xB0\xC2";
-    std::int64_t number = 0;
+    std::string digits;
     for (const char c : text) {
         if (c >= '0' && c <= '9')
-            number = std::min(number * 10 + (c - '0'), kBeyondAnyRegister);
+            digits += c;
         else if (kDropped.find(c) == std::string_view::npos)
             return std::nullopt;
     }
-    return number;
+    return leadingDecimal(digits); // beyond any register where it is too long for a number
+}
+
+std::optional<std::string> entryRefusal(const RegisterAddress& address, std::string_view text)
+{
+    const auto number = entryNumber(text);
+    if (!number)
+        return "Only Numerical Data Allowed.";
+    if (address.IsBitAddress && *number > 1)
+        return "Enter 0 or 1 Only.";
+    // "B100.8" and "B100.9" stand for bits that no byte holds.
+    const std::int64_t stored = address.IsBitAddress ? *number * address.BitMask : *number;
+    if (stored > highestValue(address.RegLetter))
+        return rangeText(address.RegLetter);
+    return std::nullopt;
 }
 
 } // namespace tambrix

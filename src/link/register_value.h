@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tambrix {
@@ -26,5 +27,9 @@ std::int64_t highestValue(char regLetter);
 /// dropped, so that 12.5 reads as 125: values carry their decimal places in the integer.
 /// Nothing at all reads as 0; any other character, a minus sign included, gives no number.
 std::optional<std::int64_t> entryNumber(std::string_view text);
+
+/// Why the register or bit that `address` names cannot take this entry text, as the "ENTRY ALERT"
+/// box says it; empty when it can.
+std::optional<std::string> entryRefusal(const RegisterAddress& address, std::string_view text);
 
 } // namespace tambrix

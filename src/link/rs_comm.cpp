@@ -1,10 +1,12 @@
 #include "link/rs_comm.h"
 
 #include "link/board_names.h"
+#include "link/board_registers.h"
 #include "link/fault_text.h"
 #include "link/mark_hex.h"
 #include "link/point_names.h"
 #include "link/settings_file.h"
+#include "link/text.h"
 
 #include <utility>
 
@@ -31,16 +33,38 @@ private:
     bool m_entered;
 };
 
+/// Shows the link's boxes, and tells the observers of them.
+class RSComm::ObservedOperator : public Operator
+{
+public:
+    ObservedOperator(Operator& person, LinkObservers& observers)
+        : m_person(person), m_observers(observers)
+    {
+    }
+
+    BoxAnswer showMessage(const OperatorBox& box) override
+    {
+        m_observers.tell(&LinkObserver::boxShown, box);
+        return m_person.showMessage(box);
+    }
+
+private:
+    Operator& m_person;
+    LinkObservers& m_observers;
+};
+
 RSComm::RSComm(std::filesystem::path programFolder, Clock& clock, Operator& person)
     : m_programFolder(std::move(programFolder)),
-      m_operator(person),
-      m_exchange(*this, clock, person),
-      m_registers(m_exchange, person),
-      m_program(person),
-      m_transfer(*this, m_exchange, m_registers, clock, person),
-      m_limitSwitch(*this, m_exchange, clock, person)
+      m_operator(std::make_unique<ObservedOperator>(person, m_observers)),
+      m_exchange(*this, clock, *m_operator, m_observers),
+      m_registers(m_exchange, *m_operator, m_observers),
+      m_program(*m_operator),
+      m_transfer(*this, m_exchange, m_registers, clock, *m_operator),
+      m_limitSwitch(*this, m_exchange, clock, *m_operator)
 {
 }
+
+RSComm::~RSComm() = default;
 
 void RSComm::OpenRSComm(SerialPort& CommObj)
 {
@@ -51,12 +75,13 @@ void RSComm::OpenRSComm(SerialPort& CommObj)
     m_portError = fault.has_value();
     if (!fault)
         return;
+    m_exchange.closePort();
     CommError = true;
     OnlineMode = false;
-    m_operator.showMessage({BoxIcon::Critical, BoxButtons::Ok, "Comm Port Error",
-                            "Error Number = " + std::to_string(fault->number) +
-                                "\r\nError Source = " + fault->source + "\r\n\r\n" +
-                                fault->description});
+    m_operator->showMessage({BoxIcon::Critical, BoxButtons::Ok, "Comm Port Error",
+                             "Error Number = " + std::to_string(fault->number) +
+                                 "\r\nError Source = " + fault->source + "\r\n\r\n" +
+                                 fault->description});
 }
 
 std::optional<PortFault> RSComm::openPort(SerialPort& port)
@@ -69,6 +94,7 @@ std::optional<PortFault> RSComm::openPort(SerialPort& port)
     m_exchange.portOpened();
     m_exchange.callAttention(Waiting::Keep);
     OnlineMode = !CommError;
+    m_observers.tell(&LinkObserver::linkOpened, OnlineMode);
     return std::nullopt;
 }
 
@@ -77,8 +103,7 @@ std::optional<PortFault> RSComm::ConfigurePort(SerialPort& port)
     std::error_code error;
     const CommSettings settings = readOrCreateCommSettings(CommSettingsFile(), error);
     if (error) {
-        const auto name = CommSettingsFile().u8string();
-        return PortFault{error.value(), std::string(name.begin(), name.end()), error.message()};
+        return PortFault{error.value(), utf8Path(CommSettingsFile()), error.message()};
     }
     m_exchange.closePort();
     return port.configure(settings.port, settings.speed + ",n,8,1");
@@ -136,13 +161,14 @@ std::string RSComm::LCFBoardIndex(std::int16_t BoardType) const
 
 std::int16_t RSComm::FirmwareRev()
 {
-    return OnlineMode && !CommError ? static_cast<std::int16_t>(readNumber("B8159"))
-                                    : std::int16_t{-1};
+    return OnlineMode && !CommError
+               ? static_cast<std::int16_t>(readNumber(byteRegister(board_registers::kFirmwareRev)))
+               : std::int16_t{-1};
 }
 
 std::int16_t RSComm::FaultCode()
 {
-    return static_cast<std::int16_t>(readNumber("B8176"));
+    return static_cast<std::int16_t>(readNumber(byteRegister(board_registers::kCurrentFault)));
 }
 
 std::string RSComm::FaultDescription(std::int16_t FltCode) const

@@ -2,6 +2,7 @@
 
 #include "link/byte_exchange.h"
 #include "link/limit_switch.h"
+#include "link/link_observers.h"
 #include "link/link_state.h"
 #include "link/program_files.h"
 #include "link/program_transfer.h"
@@ -9,6 +10,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,6 +29,7 @@ class RSComm : public LinkFlags
 public:
     /// `programFolder` holds the Support folder with the settings and fault text files.
     RSComm(std::filesystem::path programFolder, Clock& clock, Operator& person);
+    ~RSComm();
 
     RSComm(const RSComm&) = delete;
     RSComm& operator=(const RSComm&) = delete;
@@ -60,6 +63,11 @@ public:
 
     /// Whether the last `OpenRSComm` ended in the "Comm Port Error" box.
     bool portError() const { return m_portError; }
+
+    /// `observer` is told what passes over the line from now on, until it is removed. It is not
+    /// owned.
+    void addObserver(LinkObserver& observer) { m_observers.add(observer); }
+    void removeObserver(LinkObserver& observer) { m_observers.remove(observer); }
 
     /// Path of RSPort.cfg in the program's Support folder.
     std::filesystem::path CommSettingsFile() const;
@@ -124,6 +132,7 @@ public:
 
 private:
     class Call;
+    class ObservedOperator;
 
     std::optional<PortFault> ConfigurePort(SerialPort& port);
     std::optional<PortFault> openPort(SerialPort& port);
@@ -133,7 +142,8 @@ private:
     std::filesystem::path supportFile(const char* name) const;
 
     std::filesystem::path m_programFolder;
-    Operator& m_operator;
+    LinkObservers m_observers;
+    std::unique_ptr<Operator> m_operator; ///< tells the observers of every box
     ByteExchange m_exchange;
     RegisterAccess m_registers;
     ProgramFiles m_program;

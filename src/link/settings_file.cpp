@@ -1,6 +1,7 @@
 #include "link/settings_file.h"
 
 #include "link/lenient_number.h"
+#include "link/text.h"
 
 #include <algorithm>
 #include <fstream>
@@ -30,33 +31,39 @@ CommSettings parseLine(std::string_view line)
     return settings;
 }
 
+/// The first bytes of a file, enough for its one line.
+std::string readStart(const fs::path& file, std::error_code& error)
+{
+    constexpr std::size_t kLongestLine = 256;
+    if (fs::is_directory(file, error)) {
+        error = std::make_error_code(std::errc::is_a_directory);
+        return {};
+    }
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) {
+        error = std::make_error_code(std::errc::permission_denied);
+        return {};
+    }
+    std::string start(kLongestLine, '\0');
+    stream.read(start.data(), kLongestLine);
+    start.resize(static_cast<std::size_t>(stream.gcount()));
+    return start;
+}
+
 } // namespace
 
 CommSettings readOrCreateCommSettings(const fs::path& file, std::error_code& error)
 {
     const bool present = fs::exists(file, error);
+    const std::string start = present && !error ? readStart(file, error) : std::string();
     if (error)
         return {};
-    std::string line;
-    if (present) {
-        if (fs::is_directory(file, error)) {
-            error = std::make_error_code(std::errc::is_a_directory);
-            return {};
-        }
-        std::ifstream stream(file, std::ios::binary);
-        if (!stream) {
-            error = std::make_error_code(std::errc::permission_denied);
-            return {};
-        }
-        constexpr std::size_t kLongestLine = 256;
-        line.resize(kLongestLine);
-        stream.read(line.data(), kLongestLine);
-        line.resize(static_cast<std::size_t>(stream.gcount()));
+    if (start.empty()) {
+        writeCommSettings(file, {}, error);
+        return {};
     }
-    if (!line.empty())
-        return parseLine(std::string_view(line).substr(0, line.find_first_of("\r\n")));
-    writeCommSettings(file, {}, error);
-    return {};
+    std::string_view text = withoutByteOrderMark(start);
+    return parseLine(takeLine(text));
 }
 
 CommSettings readCommSettings(const fs::path& file)

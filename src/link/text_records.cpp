@@ -1,13 +1,18 @@
 #include "link/text_records.h"
 
+#include "link/text.h"
+
+#include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace tambrix {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kBlanks = " \t";
 
 std::string_view trimmed(std::string_view text)
 {
@@ -17,40 +22,46 @@ std::string_view trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// Takes a quoted field off the front of `line`; a doubled quote stands for one.
-std::string takeQuoted(std::string_view& line)
+/// Takes a quoted field off the front of `text`; a doubled quote stands for one, and line breaks
+/// belong to it. A quote that is never closed ends with its line.
+std::string takeQuoted(std::string_view& text)
 {
     std::string field;
-    std::size_t i = 1;
-    for (; i < line.size(); ++i) {
-        if (line[i] == '"' && (i + 1 == line.size() || line[i + 1] != '"'))
-            break;
-        if (line[i] == '"')
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (text[i] == '"' && text.substr(i + 1, 1) != "\"") {
+            text.remove_prefix(i + 1);
+            return field;
+        }
+        if (text[i] == '"')
             ++i;
-        field += line[i];
+        field += text[i];
     }
-    line.remove_prefix(std::min(i + 1, line.size()));
-    return field;
+    const std::string_view line = takeLine(text);
+    return std::string(line.substr(1));
 }
 
-std::string takeField(std::string_view& line, std::size_t plainEnd)
+/// Takes a field off the front of `text`; a plain one goes up to one of `ends`.
+std::string takeField(std::string_view& text, std::string_view ends)
 {
-    line = trimmed(line);
-    if (!line.empty() && line.front() == '"')
-        return takeQuoted(line);
-    const std::string_view plain = line.substr(0, plainEnd == 0 ? line.find(',') : plainEnd);
-    line.remove_prefix(plain.size());
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    if (text.starts_with('"'))
+        return takeQuoted(text);
+    const std::string_view plain = text.substr(0, text.find_first_of(ends));
+    text.remove_prefix(plain.size());
     return std::string(trimmed(plain));
 }
 
-TextRecord parseRecord(std::string_view line)
+/// Takes the next record, up to the end of its last line.
+TextRecord takeRecord(std::string_view& text)
 {
     TextRecord record;
-    record.code = takeField(line, 0);
-    line = trimmed(line);
-    if (!line.empty() && line.front() == ',')
-        line.remove_prefix(1);
-    record.text = takeField(line, std::string_view::npos);
+    record.code = takeField(text, ",\r\n");
+    text.remove_prefix(std::min(text.find_first_of(",\r\n"), text.size()));
+    if (text.starts_with(',')) {
+        text.remove_prefix(1);
+        record.text = takeField(text, "\r\n");
+    }
+    takeLine(text);
     return record;
 }
 
@@ -58,20 +69,18 @@ TextRecord parseRecord(std::string_view line)
 
 std::optional<std::vector<TextRecord>> readTextRecords(const std::filesystem::path& file)
 {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error))
         return std::nullopt;
     std::ifstream stream(file, std::ios::binary);
     if (!stream)
         return std::nullopt;
+    const std::string content{std::istreambuf_iterator<char>(stream), {}};
     std::vector<TextRecord> records;
-    for (std::string line; std::getline(stream, line);) {
-        std::string_view text = line;
-        if (records.empty() && text.starts_with(kByteOrderMark))
-            text.remove_prefix(kByteOrderMark.size());
-        if (!trimmed(text).empty())
-            records.push_back(parseRecord(text));
+    for (std::string_view text = withoutByteOrderMark(content); !text.empty();) {
+        TextRecord record = takeRecord(text);
+        if (!record.code.empty() || !record.text.empty())
+            records.push_back(std::move(record));
     }
     return records;
 }

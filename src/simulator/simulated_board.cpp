@@ -20,7 +20,7 @@ std::optional<std::uint8_t> SimulatedBoard::receive(std::uint8_t byte, SimTime n
     advanceTo(now);
     if (!m_powered)
         return std::nullopt;
-    if (m_mode && now - m_lastByte > kFrameGap)
+    if (m_mode && now - m_lastByte > m_frameGap)
         m_mode->restartFrame();
     m_lastByte = now;
     const std::optional<std::uint8_t> reply = answer(byte);

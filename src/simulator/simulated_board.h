@@ -61,6 +61,10 @@ public:
     /// The mode the port is in: 0 none, 1 read, 2 write; see BoardMode::number().
     int mode() const { return m_mode ? m_mode->number() : 0; }
 
+    /// The longest silence inside a frame before this board drops it; SimTime::max(): there are
+    /// boards that keep a half frame for ever.
+    void setFrameGap(SimTime gap) { m_frameGap = gap; }
+
     /// A board without power hears nothing, and wakes up in no mode. Its memory is kept.
     void setPowered(bool on);
 
@@ -74,6 +78,7 @@ private:
     ProgramMemory m_program;
     LimitSwitchModel m_limitSwitch;
     std::unique_ptr<BoardMode> m_mode;
+    SimTime m_frameGap = kFrameGap;
     SimTime m_lastByte{};
     bool m_awaitsCommand = false;
     bool m_powered = true;

@@ -51,16 +51,26 @@ void SimulatedLine::reply(std::uint8_t byte, SimTime start, const std::optional<
         return;
     const int mask = is(fault, Kind::ChangeReply) ? fault->mask : 0;
     const SimTime delay = is(fault, Kind::DelayReply) ? fault->delay : SimTime::zero();
-    const int copies = is(fault, Kind::DoubleReply) ? 2 : 1;
-    for (int i = 0; i < copies; ++i)
-        arrive(static_cast<std::uint8_t>(byte ^ mask), start + delay);
+    arrive(static_cast<std::uint8_t>(byte ^ mask), start + delay);
+    if (!is(fault, Kind::DoubleReply))
+        return;
+    if (fault->delay == SimTime::zero())
+        arrive(byte, start);
+    else
+        deliver(byte, m_toPcFree + fault->delay); // answers that come meanwhile overtake it
 }
 
 void SimulatedLine::arrive(std::uint8_t byte, SimTime start)
 {
     m_toPcFree = std::max(start, m_toPcFree) + byteTime();
-    m_arrivals.push_back({byte, m_toPcFree});
-    report(WireByte::Direction::ToPc, byte, m_toPcFree);
+    deliver(byte, m_toPcFree);
+}
+
+void SimulatedLine::deliver(std::uint8_t byte, SimTime time)
+{
+    const auto place = std::ranges::upper_bound(m_arrivals, time, {}, &Arrival::time);
+    m_arrivals.insert(place, {byte, time});
+    report(WireByte::Direction::ToPc, byte, time);
 }
 
 std::size_t SimulatedLine::available(SimTime now) const

@@ -21,7 +21,7 @@ struct LineFault
         LoseReply,   ///< the board acts on the byte, its answer is lost
         ChangeReply, ///< the answer arrives with the bits of `mask` inverted
         DelayReply,  ///< the answer arrives later by `delay`
-        DoubleReply, ///< the answer arrives twice
+        DoubleReply, ///< the answer arrives twice, the second time later by `delay`
         Unplug       ///< the cable comes off before the byte, and stays off
     };
 
@@ -100,6 +100,7 @@ private:
     bool speedsAgree() const;
     void reply(std::uint8_t byte, SimTime start, const std::optional<LineFault>& fault);
     void arrive(std::uint8_t byte, SimTime start);
+    void deliver(std::uint8_t byte, SimTime time);
     void report(WireByte::Direction direction, std::uint8_t byte, SimTime time) const;
 
     SimulatedBoard& m_board;
