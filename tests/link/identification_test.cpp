@@ -32,6 +32,7 @@ TEST(FaultTexts, AreFoundByTheirCode)
                                                  " 00 , No fault \n"
                                                  "2B\n"
                                                  "\"3C\",plain, with a comma\n"
+                                                 "5E,\"two\r\nlines\" and more\r\n"
                                                  "4D,\"no closing quote");
     const std::pair<std::int16_t, const char*> cases[] = {
         {10, "Fault Code (0AH): Low battery"},
@@ -39,6 +40,7 @@ TEST(FaultTexts, AreFoundByTheirCode)
         {0, "Fault Code (00H): No fault"},
         {0x2B, "Fault Code (2BH): "},
         {0x3C, "Fault Code (3CH): plain, with a comma"},
+        {0x5E, "Fault Code (5EH): two\r\nlines"},
         {0x4D, "Fault Code (4DH): no closing quote"},
         {0x7F, "Fault Code (7FH): "},
         {-1, "Fault Code (FFFFH): "},

@@ -1,6 +1,6 @@
 #include "tests/link/checks.h"
 
-#include <array>
+#include <functional>
 #include <numeric>
 
 using namespace tambrix;
@@ -66,7 +66,6 @@ TEST(LimitSwitch, ReadsWhatTheResolverShowsOrMinus9999)
     EXPECT_EQ(rig.link.PLSRpm(), "65535");
     rig.line.unplug();
     EXPECT_EQ(rig.link.PLSPos(), "-9999");
-    EXPECT_EQ(rig.link.PLSPos(), "-9999");
     EXPECT_FALSE(rig.link.SingleSetpoint(1, 10, 20, false));
     EXPECT_EQ(rig.person.boxes.size(), 1u); // the link's own
 }
@@ -92,44 +91,58 @@ TEST(LimitSwitch, AChannelIsClearedProgrammedAndPolledUntilItIsStored)
 
 TEST(LimitSwitch, WhatDoesNotFitIsRefusedAndNotProgrammed)
 {
-    SwitchRig rig;
-    rig.board.pokeWord(kScale, 1020);
-    const auto expectRefused = [&rig](bool programmed, const char* title, const std::string& text) {
-        SCOPED_TRACE(text);
-        EXPECT_FALSE(programmed);
-        expectOnlyBox(rig.person, {BoxIcon::Warning, BoxButtons::Ok, title, text});
-        rig.person.boxes.clear();
+    struct Case
+    {
+        std::function<bool(RSComm&)> program;
+        const char* title;
+        const char* text;
     };
-    const std::int16_t setpoints[][3] = {{1020, 10, 1020}, {10, 1020, 1020}, {1400, 1500, 1400}};
-    for (const auto& [on, off, named] : setpoints)
-        expectRefused(rig.link.SingleSetpoint(1, on, off, true), "PLS Single Setpoint",
-                      "Setpoint setting " + std::to_string(named) +
-                          " is greater than scale factor.\r\n\r\nChannel can not be programmed.");
-    const auto expectTrainRefused = [&](std::int16_t on, std::int16_t off, std::int16_t start,
-                                        const std::string& reason) {
-        expectRefused(rig.link.PulseTrain(1, on, off, start), "PLS Pulse Train",
-                      reason + "\r\n\r\nPLS Channel will not be Programmed.");
+    const auto setpoint = [](std::int16_t on, std::int16_t off) {
+        return [=](RSComm& link) { return link.SingleSetpoint(1, on, off, true); };
     };
-    expectTrainRefused(0, 10, 0, "ON Division and OFF Division Must be Greater Than 0.");
-    expectTrainRefused(10, 0, 0, "ON Division and OFF Division Must be Greater Than 0.");
-    expectTrainRefused(-5, 5, 0, "ON Division and OFF Division Must be Greater Than 0.");
-    expectTrainRefused(7, 11, 0, "ON Division Plus OFF Division\r\nMust be a Multiple of 1020");
-    expectTrainRefused(256, 254, 0, "ON Division or OFF Division Must be Less Than 255.");
-    expectTrainRefused(10, 10, 1020, "Start Position Must Not Be Greater Than 1019.");
-
-    expectRefused(rig.link.SetPLSOffset(1021), "Set PLS Offset",
-                  "Desired Position cannot be greater than Scale Factor of 1020\r\n"
-                  "PLS Offset will not be Programmed.");
-    for (const std::int16_t wrong : {std::int16_t{256}, std::int16_t{-1}}) {
-        PLSConfig config = countingConfig();
-        config[23] = wrong;
-        expectRefused(rig.link.PLSConfigDownload(config, 720), "PLS Download",
-                      "Configuration entry 23 must be between 0 and 255.\r\n\r\n"
-                      "PLS Configuration will not be Programmed.");
+    const auto train = [](std::int16_t on, std::int16_t off, std::int16_t start) {
+        return [=](RSComm& link) { return link.PulseTrain(1, on, off, start); };
+    };
+    const auto download = [](std::int16_t lastEntry, std::int16_t scale) {
+        return [=](RSComm& link) {
+            PLSConfig config = countingConfig();
+            config[23] = lastEntry;
+            return link.PLSConfigDownload(config, scale);
+        };
+    };
+    const char* const single = "PLS Single Setpoint";
+    const char* const pulses = "PLS Pulse Train";
+    const char* const config = "PLS Download";
+    const Case cases[] = {
+        {setpoint(1020, 10), single, "Setpoint setting 1020 is greater than scale factor."},
+        {setpoint(1400, 1500), single, "Setpoint setting 1400 is greater than scale factor."},
+        {setpoint(10, 1020), single, "Setpoint setting 1020 is greater than scale factor."},
+        {setpoint(-1, 10), single, "Setpoint setting -1 is less than 0."},
+        {train(0, 10, 0), pulses, "ON Division and OFF Division Must be Greater Than 0."},
+        {train(10, 0, 0), pulses, "ON Division and OFF Division Must be Greater Than 0."},
+        {train(7, 11, 0), pulses, "ON Division Plus OFF Division\r\nMust be a Multiple of 1020"},
+        {train(256, 254, 0), pulses, "ON Division or OFF Division Must be Less Than 255."},
+        {train(10, 10, 1020), pulses, "Start Position Must Not Be Greater Than 1019."},
+        {[](RSComm& link) { return link.SetPLSOffset(1021); }, "Set PLS Offset",
+         "Desired Position cannot be greater than Scale Factor of 1020"},
+        {download(256, 720), config, "Configuration entry 23 must be between 0 and 255."},
+        {download(-1, 720), config, "Configuration entry 23 must be between 0 and 255."},
+        {download(255, -1), config, "The scale factor must be between 0 and 65535."},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        SwitchRig rig;
+        rig.board.pokeWord(kScale, 1020);
+        EXPECT_FALSE(c.program(rig.link));
+        ASSERT_EQ(rig.person.boxes.size(), 1u);
+        EXPECT_EQ(rig.person.boxes[0].title, c.title);
+        const std::string& text = rig.person.boxes[0].text;
+        EXPECT_TRUE(text.starts_with(c.text)) << text;
+        EXPECT_TRUE(text.ends_with("rogrammed.")) << text;
+        EXPECT_TRUE(rig.board.limitSwitch().channels.empty());
+        EXPECT_EQ(rig.board.limitSwitch().configuration[0], 0);
+        EXPECT_EQ(rig.board.peekWord(kOffset), 0);
     }
-    EXPECT_TRUE(rig.board.limitSwitch().channels.empty());
-    EXPECT_EQ(rig.board.limitSwitch().configuration[0], 0);
-    EXPECT_EQ(rig.board.peekWord(kOffset), 0);
 }
 
 TEST(LimitSwitch, APulseTrainIsProgrammedOrReported)
@@ -174,6 +187,7 @@ TEST(LimitSwitch, RecallBringsStateAndPositionWithinAnyScale)
 {
     SwitchRig rig;
     rig.link.SingleSetpoint(9, 258, 300, false);
+    EXPECT_EQ(rig.line.exchanges(), 4u + 2 + 6 + 3); // ClearChan false clears nothing
     rig.trace.clear();
     EXPECT_TRUE(rig.link.RecallChannel(9));
     EXPECT_EQ(rig.trace, "FF <55 09 <55 09 <55 55 <01 55 <02 55 <01");
@@ -184,6 +198,12 @@ TEST(LimitSwitch, RecallBringsStateAndPositionWithinAnyScale)
 
     constexpr std::uint16_t kHighest = 16 * 256 + 255;
     rig.board.limitSwitch().channels[2] = {false, true, kHighest, 0};
+    EXPECT_TRUE(rig.link.RecallChannel(2));
+    rig.board.limitSwitch().channels[3] = {false, true, 7, 0};
+    rig.line.clearFaults();
+    rig.line.setFault(3, {LineFault::Kind::ChangeReply, 1 ^ 2, {}}); // the state reads as 2
+    EXPECT_FALSE(rig.link.RecallChannel(3));
+    EXPECT_EQ(rig.link.ChannelRecallPos(), 7); // and its position is taken all the same
     EXPECT_TRUE(rig.link.RecallChannel(2));
     rig.board.limitSwitch().channels[2] = {false, true, kHighest + 1, 0};
     EXPECT_FALSE(rig.link.RecallChannel(2));
@@ -230,14 +250,21 @@ TEST(LimitSwitch, AConfigurationGoesDownAndComesBack)
 // Every fault at every byte of a programming: true is only said of what the switch has stored.
 TEST(LimitSwitch, EveryFaultAtEveryByteEndsInATrueResult)
 {
+    const auto program = [](SwitchRig& rig) {
+        const std::string scale = rig.link.PLSScaleFactor();
+        EXPECT_TRUE(scale == "360" || scale == "-9999") << scale;
+        return rig.link.SingleSetpoint(4, 10, 359, false);
+    };
     SwitchRig clean;
-    EXPECT_TRUE(clean.link.SingleSetpoint(4, 10, 359, false));
-    sweepFaults(clean.line.exchanges(), [](std::size_t k, const LineFault& fault) {
+    EXPECT_TRUE(program(clean));
+    sweepFaults(clean.line.exchanges(), [&](std::size_t k, const NamedFault& fault) {
+        if (fault.bringsWrongByte() && k < 4)
+            return; // a changed or doubled byte of the scale factor shows no sign of it
         SwitchRig rig;
-        rig.line.setFault(k, fault);
-        const bool ok = rig.link.SingleSetpoint(4, 10, 359, false);
+        rig.clock.setLimit(60s);
+        rig.line.setFault(k, fault.fault);
+        const bool ok = program(rig);
         EXPECT_TRUE(!ok || (rig.channel(4).used && rig.channel(4).b == 359));
-        EXPECT_LT(rig.clock.now(), 30s);
         startAfresh(rig);
         EXPECT_TRUE(rig.link.SingleSetpoint(4, 11, 21, false));
         EXPECT_EQ(rig.channel(4).a, 11);

@@ -104,8 +104,8 @@ TEST(ProgramFiles, TheRevisionLineIsSplitFromItsEnd)
         {"LONGPROGRAMNAME0102\r\n", "LONGPROGRAMNAME|1|2"},
         {"0304", "|3|4"},
         {"304", kUnknown},
-        {"NAME 102", kUnknown},
-        {"NAME01G2", kUnknown},
+        {"NAME 102", "NAME|0|2"},
+        {"NAME01GG", "NAME|1|0"},
         {"\r\nNAME0102", kUnknown},
         {"", kUnknown},
     };

@@ -13,14 +13,14 @@ constexpr const char* kThreeRecords = ":04001000010203FFE2\r\n"
                                       ":00000001FF\r\n";
 
 constexpr const char* kRequest = "FF <55 02 <55 1F <1F F5 <F5 56 <56 " // B8181 := 86
-                                 "1F <1F F0 <F0 00 <00 FF <55";        // B8176 := 0, attention
+                                 "1F <1F F0 <F0 00 <00 +102 FF <55";   // B8176 := 0, attention
 constexpr const char* kLoad = " FF <55 03 <55";
 constexpr const char* kRecordBytes = " 04 00 10 01 02 03 FF <19"
                                      " 02 FF 00 10 A5 <B6"
                                      " 01 12 34 FB <42";
 
 /// The identity registers being written: "INK" padded to eight, checksum 10, revision 27.
-constexpr const char* kIdentity = " FF <55 FF <55 02 <55"
+constexpr const char* kIdentity = " FF <55 +2002 FF <55 02 <55"
                                   " EF <EF F0 <F0 49 <49 EF <EF F1 <F1 4E <4E"
                                   " EF <EF F2 <F2 4B <4B EF <EF F3 <F3 20 <20"
                                   " EF <EF F4 <F4 20 <20 EF <EF F5 <F5 20 <20"
@@ -173,19 +173,14 @@ TEST(ProgramDownload, ProgressFollowsTheRecordsAndTheStartOfTheNewProgram)
 {
     DownloadRig rig;
     std::vector<std::string> shown;
-    std::vector<Duration> times;
     rig.link.DumpProgram([&] {
         EXPECT_TRUE(rig.link.isBusy());
         EXPECT_EQ(rig.link.RSRead("B100"), "0"); // nobody else gets the link meanwhile
         std::string now = rig.link.WritingIdent() ? "ident" : rig.link.CurrentProgramAdd();
-        if (rig.link.InProgramMode() && (shown.empty() || shown.back() != now)) {
+        if (rig.link.InProgramMode() && (shown.empty() || shown.back() != now))
             shown.push_back(now);
-            times.push_back(rig.clock.now());
-        }
     });
     ASSERT_EQ(shown, (std::vector<std::string>{" ", "0010H", "FF00H", "1234H", "ident"}));
-    EXPECT_GE(times[4] - times[3], 2s); // the board needs it before it takes registers again
-    EXPECT_LT(times[4] - times[3], 2100ms);
     EXPECT_EQ(rig.lastText(), kComplete);
 }
 
@@ -204,24 +199,24 @@ TEST(ProgramDownload, EveryFaultAtEveryByteEndsInATrueReport)
     DownloadRig clean;
     clean.download();
     ASSERT_GE(clean.line.exchanges(), 60u);
-    sweepFaults(clean.line.exchanges(), [](std::size_t k, const LineFault& fault) {
+    sweepFaults(clean.line.exchanges(), [](std::size_t k, const NamedFault& fault) {
         DownloadRig rig;
-        rig.planFault = [&] { rig.line.setFault(k, fault); };
+        rig.clock.setLimit(60s);
+        rig.planFault = [&] { rig.line.setFault(k, fault.fault); };
         rig.download();
-        EXPECT_LT(rig.clock.now(), 30s);
         const std::string text = rig.lastText();
         const bool loaded = rig.boardHoldsProgram() && rig.boardHoldsIdentity();
         EXPECT_TRUE(text != kComplete || loaded); // never praised without the program in the board
         EXPECT_NE(text.find(kTitle), std::string::npos);
         const bool inRecords = k >= kFirstRecord && k < kIdentityStart;
-        if (fault.kind == LineFault::Kind::Unplug) {
+        if (fault.portDies()) {
             EXPECT_EQ(text, inRecords ? kChecksumError : kNotComplete);
         }
         if (text == kChecksumError) {
             EXPECT_EQ(rig.board.peek(61424), 'D'); // the board keeps its old identity
             EXPECT_FALSE(rig.link.CommError);
             EXPECT_TRUE(!inRecords || rig.clock.now() < 1500ms); // one second, and no box asks
-            EXPECT_TRUE(fault.kind != LineFault::Kind::LoseReply ||
+            EXPECT_TRUE(fault.fault.kind != LineFault::Kind::LoseReply ||
                         rig.eventTurns > 40); // that second is served
         }
         startAfresh(rig);

@@ -17,6 +17,10 @@ TEST(CommSettings, AreReadTolerantlyAndLeftAloneOrCreated)
         {"port too high", "250,9600\r\n", 99, 9600},
         {"port zero", "0,19200", 1, 19200},
         {"quoted", "\"4\",\"19200\"\n", 4, 19200},
+        {"byte-order mark",
+         "\xEF\xBB\xBF"
+         "3,19200\r\n",
+         3, 19200},
         {"no speed", "5", 5, 9600},
         {"rubbish", "\xFF\xFE??", 1, 9600},
         {"empty", "", 1, 9600},
@@ -39,8 +43,11 @@ TEST(CommSettings, AreReadTolerantlyAndLeftAloneOrCreated)
 TEST(CommSettings, ThatCannotBeWrittenAreReportedInOneBox)
 {
     LinkRig rig;
+    rig.open();
+    std::filesystem::remove_all(rig.folder.path() / "Support");
     rig.folder.write("Support", "a file where the folder should be");
     rig.open();
+    EXPECT_FALSE(rig.port.isOpen());
     ASSERT_EQ(rig.person.boxes.size(), 1u);
     EXPECT_EQ(rig.person.boxes[0].title, "Comm Port Error");
     EXPECT_NE(rig.person.boxes[0].text.find("RSPort.cfg"), std::string::npos);

@@ -18,10 +18,9 @@ namespace tambrix {
 class ScratchFolder
 {
 public:
-    ScratchFolder()
+    ScratchFolder() : ScratchFolder(runningTest()) {}
+    explicit ScratchFolder(std::string name)
     {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        std::string name = std::string(test->test_suite_name()) + "." + test->name();
         for (char& c : name)
             c = c == '/' ? '_' : c;
         name += "." + std::to_string(std::random_device{}()); // apart from another run's
@@ -48,6 +47,13 @@ public:
     }
 
 private:
+    static std::string runningTest()
+    {
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        return test == nullptr ? "program"
+                               : std::string(test->test_suite_name()) + "." + test->name();
+    }
+
     std::filesystem::path m_path;
 };
 
@@ -67,16 +73,13 @@ struct LinkRig
     SimulatedSerialPort port{line, clock};
     ScriptedOperator person;
     RSComm link{folder.path(), clock, person};
-    std::string trace; ///< PC bytes as "05", the board's as "<05", blanks between
+    /// PC bytes as "05", the board's as "<05", and "+600" for a pause of more than 10 ms between
+    /// two PC bytes; blanks between.
+    std::string trace;
 
     LinkRig()
     {
-        line.setTap([this](const WireByte& wire) {
-            char text[8];
-            const bool toPc = wire.direction == WireByte::Direction::ToPc;
-            std::snprintf(text, sizeof text, "%s%02X", toPc ? "<" : "", wire.byte);
-            trace += trace.empty() ? text : std::string(" ") + text;
-        });
+        line.setTap([this](const WireByte& wire) { note(wire); });
     }
 
     void open() { link.OpenRSComm(port); }
@@ -88,6 +91,23 @@ struct LinkRig
         trace.clear();
         line.clearFaults();
     }
+
+private:
+    void note(const WireByte& wire)
+    {
+        constexpr auto kShown = std::chrono::milliseconds(10);
+        const bool toPc = wire.direction == WireByte::Direction::ToPc;
+        const auto gap = std::chrono::duration_cast<std::chrono::milliseconds>(wire.time - m_last);
+        if (!toPc && !trace.empty() && gap > kShown)
+            trace += " +" + std::to_string(gap.count());
+        if (!toPc)
+            m_last = wire.time;
+        char text[8];
+        std::snprintf(text, sizeof text, "%s%02X", toPc ? "<" : "", wire.byte);
+        trace += trace.empty() ? text : std::string(" ") + text;
+    }
+
+    SimTime m_last{}; ///< when the PC's last byte started
 };
 
 } // namespace tambrix
