@@ -42,13 +42,14 @@ struct Press : testing::Test
 
 TEST_F(Press, SpeedChangesGraduallyAndStopsAtOnce)
 {
+    run(seconds(1));
+    EXPECT_NEAR(board.peekWord(kResolverRpm) * board.peekWord(kResolverPeriod), 60000, 1500);
+    EXPECT_LT(board.peekWord(kResolverPos), board.peekWord(kResolverScale));
     board.press().setMachineSpeed(600);
     run(seconds(1));
     EXPECT_GT(board.peekWord(kMachineSpeed), 1000);
     run(seconds(9));
     EXPECT_NEAR(board.peekWord(kMachineSpeed), 600, 10);
-    EXPECT_NEAR(board.peekWord(kResolverRpm) * board.peekWord(kResolverPeriod), 60000, 1500);
-    EXPECT_LT(board.peekWord(kResolverPos), board.peekWord(kResolverScale));
     board.press().stop();
     run(PressModel::kScan);
     EXPECT_EQ(board.peekWord(kMachineSpeed), 0);
