@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tests/support/link_rig.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tambrix {
+
+/// What a session says of itself when it is over.
+struct Claim
+{
+    bool done = false;  ///< all that it was to do succeeded
+    std::string values; ///< all that it has read
+};
+
+/// A session between the program and the board whose every exchange is disturbed in turn.
+struct Scenario
+{
+    const char* name;
+    std::function<Claim(LinkRig&)> run; ///< the link is open, the press stands
+};
+
+/// All scenarios. A new one is one row here.
+const std::vector<Scenario>& scenarios();
+
+} // namespace tambrix
