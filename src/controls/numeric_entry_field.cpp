@@ -164,7 +164,8 @@ void NumericEntryField::focusMoved(const QWidget* now)
     leave();
 }
 
-/// The check runs twice, as the controller's users know it: a valid entry is written twice.
+/// kept: the check runs twice, so that a valid entry is written twice; a write that the line has
+/// spoilt is mended by the second one.
 void NumericEntryField::leave()
 {
     if (m_state == State::Refused)

@@ -109,6 +109,7 @@ void ColorControlScreen::storeLabel(const QString& text, std::int32_t value)
         startLoad(value);
 }
 
+/// kept: goes out as a bit, and without a look at the communication error.
 void ColorControlScreen::storeStation(std::int32_t value)
 {
     if (online())

@@ -159,7 +159,8 @@ QGroupBox* ColorControlScreen::makeManualFrame()
     auto* on = makeButton(QStringLiteral("cmdDuctorsManualON"), QStringLiteral("Ductors O&N All"));
     connect(on, &QPushButton::clicked, this, [this] { changeManual(true); });
     auto* off =
-        makeButton(QStringLiteral("cmdDuctorsManualOFF"), QStringLiteral("D&uctors O&FF All"));
+        makeButton(QStringLiteral("cmdDuctorsManualOFF"), // kept: two key marks, the first counts
+                   QStringLiteral("D&uctors O&FF All"));
     connect(off, &QPushButton::clicked, this, [this] { changeManual(false); });
 
     m_manual.layOut(*frame, *on, *off);

@@ -93,7 +93,7 @@ QGroupBox* ShiftDataScreen::makeReset()
     EntryRules rules;
     rules.title = QStringLiteral("Spindle #1 Trip Offset:"); // kept: users know it by this name
     rules.maximum = kDuctors;
-    rules.lowerBound = false;
+    rules.lowerBound = false; // kept: a number below 0 is let through and resets nothing
     m_ductor = new NumericEntryField(state().prompts, *cmdDefault(), rules);
     m_ductor->setNames(QStringLiteral("txtData"), QStringLiteral("updData"));
     m_ductor->setText(QStringLiteral("0"));

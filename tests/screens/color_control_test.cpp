@@ -43,11 +43,8 @@ protected:
 
     bool loaded(int label)
     {
-        return PressRig::eventually([this, label] {
-            return rig.board.peekWord(map::workingCycle(7)) ==
-                       rig.board.peekWord(map::labelCycle(label, 7)) &&
-                   text("txtColorCtrl(15)") != "-";
-        });
+        const auto last = QString::number(rig.board.peekWord(map::labelCycle(label, 7)));
+        return PressRig::eventually([&] { return text("txtColorCtrl(15)") == last; });
     }
 
     void SetUp() override
@@ -64,23 +61,30 @@ protected:
 
 TEST_F(ColorControl, ADurationGoesToTheWorkingRegisterAndToTheLabel)
 {
+    rig.board.pokeWord(map::kMaxCycle, 650); // the working data set says 500
     openWithLabelSelect();
-    const QByteArray before = text("txtColorCtrl(0)").toLatin1();
-    enter("txtColorCtrl(0)", before);
+    enter("txtColorCtrl(0)", text("txtColorCtrl(0)").toLatin1());
     EXPECT_TRUE(wire.writes.empty()) << "unchanged";
     enter("txtColorCtrl(0)", "33");
-    EXPECT_EQ(wire.writes, (Writes{{720, 33}, {map::labelOn(0, 0), 33}}));
-    EXPECT_EQ(slot(labelBase(0)), 33);
-    wire.clear();
     clickArrow("txtColorCtrl(0)", true);
-    EXPECT_EQ(wire.writes, (Writes{{720, 34}, {map::labelOn(0, 0), 34}}));
+    const int stored = map::labelOn(0, 0);
+    EXPECT_EQ(wire.writes, (Writes{{720, 33}, {stored, 33}, {720, 34}, {stored, 34}}));
     EXPECT_EQ(slot(labelBase(0)), 34);
     EXPECT_TRUE(button("cmdDefault").hasFocus());
     wire.clear();
     enter("txtColorCtrl(9)", "300");
-    const int stored = map::labelCycle(0, 1);
-    EXPECT_EQ(wire.writes, (Writes{{732, 44}, {733, 1}, {stored, 44}, {stored + 1, 1}}));
+    const int cycle = map::labelCycle(0, 1);
+    EXPECT_EQ(wire.writes, (Writes{{732, 44}, {733, 1}, {cycle, 44}, {cycle + 1, 1}}));
     EXPECT_EQ(slot(labelBase(0) + 9), 300);
+
+    rig.board.poke(map::workingOn(0), 120); // limits have moved since the last check
+    rig.board.pokeWord(map::workingCycle(0), 600);
+    pass();
+    wire.clear();
+    clickArrow("txtColorCtrl(0)", false);
+    clickArrow("txtColorCtrl(8)", true);
+    EXPECT_EQ(wire.to(map::workingOn(0)), std::vector<int>{119});
+    EXPECT_EQ(wire.to(map::workingCycle(0)), std::vector<int>{601 - 512});
 }
 
 TEST_F(ColorControl, ALabelChangeLoadsSixteenDurationsAndReturnsTheFocus)
@@ -104,42 +108,20 @@ TEST_F(ColorControl, ALabelChangeLoadsSixteenDurationsAndReturnsTheFocus)
     EXPECT_TRUE(PressRig::eventually([this] { return field(kLabel).hasFocus(); }));
 }
 
-TEST_F(ColorControl, AStepGoesByOneUnderTheLimitsOfNow)
-{
-    rig.board.pokeWord(map::kMaxCycle, 650); // the working data set says 500
-    rig.board.poke(map::workingOn(0), 30);
-    rig.board.pokeWord(map::workingCycle(0), 100);
-    openWithLabelSelect();
-    clickArrow("txtColorCtrl(0)", true);
-    rig.board.poke(map::workingOn(0), 120);
-    rig.board.pokeWord(map::workingCycle(0), 600);
-    pass();
-    wire.clear();
-    clickArrow("txtColorCtrl(0)", false);
-    clickArrow("txtColorCtrl(8)", true);
-    EXPECT_EQ(wire.to(map::workingOn(0)), std::vector<int>{119});
-    EXPECT_EQ(wire.to(map::workingCycle(0)), std::vector<int>{601 - 512});
-}
-
 TEST_F(ColorControl, AStoredDurationThatCannotBeReadIsTriedAgainAndThenLeft)
 {
     openWithLabelSelect();
-    const int before = rig.board.peek(map::workingOn(0));
-    const int page = map::labelOn(5, 0) / 256;
     for (const int lost : {2, 3}) {
         SCOPED_TRACE(lost);
+        rig.board.poke(map::workingOn(0), 77);
         enter(kLabel, "5");
-        wire.clear();
-        wire.loseReads(page, lost);
+        wire.loseReads(map::labelOn(5, 0) / 256, lost);
         ASSERT_TRUE(loaded(5));
-        pass();
-        EXPECT_EQ(rig.board.peek(map::workingOn(0)), lost == 2 ? 15 : before);
+        EXPECT_EQ(rig.board.peek(map::workingOn(0)), lost == 2 ? 15 : 77);
         EXPECT_EQ(rig.board.peek(map::workingOn(1)), 16);
         EXPECT_EQ(rig.board.peekWord(map::workingCycle(0)), 165);
-        rig.board.poke(map::workingOn(0), static_cast<std::uint8_t>(before));
         enter(kLabel, "6");
         ASSERT_TRUE(loaded(6));
-        rig.board.poke(map::workingOn(0), static_cast<std::uint8_t>(before));
     }
     ASSERT_EQ(rig.person.boxes.size(), 1U);
     EXPECT_TRUE(rig.person.boxes[0].text.ends_with("ON Duration ductor 1"));
@@ -192,15 +174,12 @@ TEST_F(ColorControl, AnotherDataSetIsShownAsIfTheScreenWereNew)
     rig.state.gWorkingData.Value[static_cast<std::size_t>(labelBase(33))] = 77;
     const auto opened = rig.state.gWorkingData.Value;
     screen().reload();
-    EXPECT_TRUE(button("cmdDefault").hasFocus());
     pass();
     EXPECT_EQ(text(kLabel), "33");
-    EXPECT_EQ(text("txtColorCtrl(0)"), "77");
     field("txtColorCtrl(0)").setFocus();
     QTest::keyClick(&field("txtColorCtrl(0)"), Qt::Key_Escape);
     EXPECT_EQ(text("txtColorCtrl(0)"), "77");
     EXPECT_EQ(rig.state.gWorkingData.Value, opened);
-    EXPECT_TRUE(rig.person.boxes.empty());
 }
 
 TEST_F(ColorControl, ASpinnerClickRestartsTheLoad)
@@ -223,9 +202,6 @@ TEST_F(ColorControl, APulledCableEndsTheLoad)
     rig.line.unplug();
     ASSERT_TRUE(PressRig::eventually([this] { return !rig.state.gLink.OnlineMode; }));
     EXPECT_EQ(rig.person.boxes.size(), 1U);
-    rig.line.plugIn();
-    rig.goOnline();
-    EXPECT_TRUE(PressRig::eventually([this] { return text("txtColorCtrl(0)") == "15"; }));
 }
 
 TEST_F(ColorControl, OfflineDataEndsTheLoad)
@@ -235,7 +211,6 @@ TEST_F(ColorControl, OfflineDataEndsTheLoad)
     wire.clear();
     EXPECT_TRUE(PressRig::eventually([this] { return text("txtColorCtrl(15)") == "200"; }));
     EXPECT_TRUE(wire.bytes.empty());
-
     const auto labelSelected = [this] { return field(kLabel).isEnabled(); };
     rig.goOnline();
     ASSERT_TRUE(PressRig::eventually(labelSelected));
@@ -297,7 +272,6 @@ TEST_F(ColorControl, WithLabelSelectAndInManualEveryChangedBoxIsWritten)
     EXPECT_EQ(label("lblStatus(2)"), "AUTO");
     EXPECT_EQ(label("lblStatus(3)"), "ON");
     EXPECT_FALSE(button("chkDuctorManual(0)").isEnabled());
-    EXPECT_FALSE(button("cmdDuctorsManualON").isEnabled());
     EXPECT_EQ(spoken("lblStatus(2)"), "Operational Mode: AUTO");
     EXPECT_EQ(spoken("cmdDuctorsManualOFF"), "Ductors OFF All");
 
