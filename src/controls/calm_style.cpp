@@ -121,6 +121,9 @@ int CalmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_LayoutHorizontalSpacing:
     case PM_LayoutVerticalSpacing:
         return 3 * grid / 2;
+    case PM_ToolBarItemMargin:
+    case PM_ToolBarItemSpacing:
+        return grid;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
         if (hasCaptionBelow(widget))

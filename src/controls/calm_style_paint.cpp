@@ -248,6 +248,9 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         return paintRadio(*painter, *option);
     case PE_FrameDefaultButton:
         return;
+    case PE_FrameTabWidget:
+        return paintPlate(*painter, option->rect, option->palette.color(QPalette::Window),
+                          tonesOf(option->palette).line, 1, 4);
     case PE_Frame:
         return paintPlate(*painter, option->rect, Qt::transparent,
                           tonesOf(option->palette).fieldLine, 1, 4);

@@ -18,7 +18,7 @@ constexpr std::array kSteps = {200, 150, 125, 100, 75};
 
 /// What a screen needs at 100 %, in the pixel size of the desktop's font (12 on most).
 constexpr int kPlaceWidth = 103;
-constexpr int kPlaceHeight = 45;
+constexpr int kPlaceHeight = 46;
 
 constexpr int kLargeFont = 15; // px; it can still be read at 60 %
 

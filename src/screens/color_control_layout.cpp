@@ -67,16 +67,15 @@ QGroupBox* ColorControlScreen::makeColorFrame()
     label->addWidget(m_labelCaption);
     label->addWidget(m_fields[kLabelField]);
     label->addStretch();
+    auto* inside = new QVBoxLayout(frame);
+    inside->addLayout(label);
     auto* grid = new QGridLayout;
+    inside->addLayout(grid, 1); // the rows' distances are those of this frame
     grid->setVerticalSpacing(kTightest);
     grid->setColumnStretch(kBarColumn, 1);
     grid->addWidget(makeColumnTitle(9, "ON Duration (0.1 cans)"), 0, kOnColumn);
     grid->addWidget(makeColumnTitle(10, "CYCLE Duration (0.1 cans)"), 0, kCycleColumn);
     grid->addWidget(makeColumnTitle(11, "Color Density"), 0, kDensityColumn, 1, 2);
-    auto* inside = new QVBoxLayout(frame);
-    inside->setSpacing(kTightest);
-    inside->addLayout(label);
-    inside->addLayout(grid, 1);
     for (int d = 0; d < kDuctors; ++d)
         addDuctorRow(*grid, d);
     return frame;

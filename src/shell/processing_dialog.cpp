@@ -82,13 +82,13 @@ Task ProcessingDialog::work()
 void ProcessingDialog::showProgress()
 {
     const TransferPlan& plan = m_transfer.plan();
-    m_prgProcessing->setUpdatesEnabled(false);
+    m_prgProcessing->setAttribute(Qt::WA_UpdatesDisabled, true);
     m_prgProcessing->setValue(m_transfer.progress());
+    m_prgProcessing->setAttribute(Qt::WA_UpdatesDisabled, false);
     const double now = static_cast<double>(m_running.elapsed()) / 1000;
     const auto text = m_pace.text(now, m_transfer.progress(), plan.last - plan.first + 1);
     if (!text)
         return;
-    m_prgProcessing->setUpdatesEnabled(true);
     m_prgProcessing->repaint();
     m_done->setText(*text);
 }

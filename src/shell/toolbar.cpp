@@ -15,7 +15,6 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kIconSize(20, 20);
-constexpr int kMargin = 8;
 
 void setColor(QLabel& mark, const QColor& color)
 {
@@ -41,7 +40,6 @@ Toolbar::Toolbar(ProgramState& state)
     setObjectName(QStringLiteral("toolbar"));
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
-    setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
     setIconSize(kIconSize);
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addWidget(m_mode);
