@@ -16,7 +16,7 @@ struct Board
 
 constexpr std::int16_t kFirstCode = 49;
 
-// By type code from 49 on. R110 and R120 share one library; of a model with a PLC and a PLS
+// By type code from 49 on. kept: R110 and R120 share one library; of a model with a PLC and a PLS
 // variant only the PLC has one.
 constexpr std::array kBoards = {
     Board{"R110", "1"},      Board{"R120", "1"},      Board{"R130", "?"},

@@ -88,6 +88,8 @@ void ByteExchange::report(std::optional<std::uint8_t> sent, Duration start, int 
     m_observers.tell(&LinkObserver::exchangeDone, report);
 }
 
+// kept: what is sent again is attention, not the byte: the board may be anywhere, and attention is
+// what it answers from everywhere.
 int ByteExchange::awaitReply(Duration sentAt)
 {
     Duration deadline = sentAt + kFirstReplyWait;
@@ -104,6 +106,7 @@ int ByteExchange::awaitReply(Duration sentAt)
             m_resends.push_back(m_clock.now());
             outOfStep(kHalfFrameQuiet);
         } else if (retryWanted(kCannotCommunicate)) {
+            // kept: nothing is sent before the wait is over, and CommError stays until then.
             tries = 0;
         } else {
             return kNoReply;

@@ -98,7 +98,7 @@ bool LimitSwitch::trainFits(int on, int off, int start, int scale)
     if (scale % (on + off) != 0)
         return refuseTrain("ON Division Plus OFF Division\r\nMust be a Multiple of " +
                            std::to_string(scale));
-    if (on > kHighestByte || off > kHighestByte)
+    if (on > kHighestByte || off > kHighestByte) // kept: the text says 255, the switch takes 255
         return refuseTrain("ON Division or OFF Division Must be Less Than 255.");
     if (start > scale - 1)
         return refuseTrain("Start Position Must Not Be Greater Than " + std::to_string(scale - 1) +

@@ -22,6 +22,7 @@ std::string translated(std::string_view text, std::string_view from, std::string
 
 std::string MarkHex2HEX(std::string_view text)
 {
+    // kept: a record mark becomes "A" like any other ':'.
     return translated(text, kMarkDigits, kHexDigits);
 }
 

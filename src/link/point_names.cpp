@@ -35,7 +35,7 @@ constexpr std::array kR110Outputs = {PointByte{81, 58},  PointByte{90, 59},  Poi
 constexpr std::array kInputs10To21 = {PointByte{10, 51}, PointByte{11, 52}, PointByte{20, 53},
                                       PointByte{21, 54}};
 constexpr std::array kOutputs0And1And21 = {PointByte{0, 49}, PointByte{1, 50}, PointByte{21, 54}};
-// The Q720 has its letters the other way round from the other Q boards: its own assignment.
+// kept: the Q720 has its letters the other way round from the other Q boards.
 constexpr std::array kQ720Inputs = {PointByte{0, 49}, PointByte{1, 50}, PointByte{10, 51}};
 constexpr std::array kQ720Outputs = {PointByte{11, 52}};
 
@@ -202,6 +202,7 @@ bool ValidAdd(std::string_view addr, std::int16_t TargetBoardIndex)
 
 std::int16_t Dec2Octal(std::int16_t DecNum)
 {
+    // kept: one octal digit position only; the quotient is not converted again.
     return asInt16((DecNum / 8) * 10 + (DecNum & 7));
 }
 

@@ -154,6 +154,7 @@ void ProgramFiles::check()
             readConfiguration();
         break;
     case BoardKind::LimitSwitch:
+        // kept: this text ends with a full stop, the others with an exclamation mark.
         m_operator.showMessage({BoxIcon::Information, BoxButtons::Ok, "PLS Program Download",
                                 baseName() + " file is a PLS target board program.\r\n"
                                              "Open PLS program to download to target board.\r\n"

@@ -12,8 +12,8 @@ namespace tambrix {
 /// Where a program transfer stands, for the window that shows it.
 struct TransferProgress
 {
-    bool InProgramMode = false;          ///< from the request for program mode to the end
-    bool WritingIdent = false;           ///< the identity registers are being written
+    bool InProgramMode = false; ///< from the request for program mode to the end
+    bool WritingIdent = false;  ///< the identity registers are being written
     int recordsSent = 0;
     int records = 0;                     ///< of the whole image; 0 before it is sent
     std::string CurrentProgramAdd = " "; ///< load address of the current record, "1A00H"

@@ -50,7 +50,7 @@ void parseByLetter(std::string_view addr, RegisterAddress& fields)
     case 'F':
         nameBit(fields, number / 8 + kFlagArea, number % 8);
         break;
-    default:
+    default: // kept: the controller's tools take an unknown letter for the flag area
         nameRegister(fields, 'B', kFlagArea);
     }
 }

@@ -6,7 +6,8 @@ namespace tambrix {
 
 namespace {
 
-constexpr std::int64_t kWordSplit = 10000; // a D register's low word holds value Mod 10000
+// kept: a D register counts in ten-thousands, its low word holds value Mod 10000.
+constexpr std::int64_t kWordSplit = 10000;
 
 std::int64_t word(std::uint8_t low, std::uint8_t high)
 {
@@ -72,7 +73,8 @@ std::int64_t highestValue(char regLetter)
 
 std::optional<std::int64_t> entryNumber(std::string_view text)
 {
-    // The degree sign is 0xB0, alone or, in UTF-8, after 0xC2.
+    // kept: the point is dropped, too; values carry their decimal places in the integer. The
+    // degree sign is 0xB0, alone or, in UTF-8, after 0xC2.
     constexpr std::string_view kDropped = " %,.\xB0\xC2";
     std::string digits;
     for (const char c : text) {

@@ -168,6 +168,7 @@ std::int16_t RSComm::FirmwareRev()
 
 std::int16_t RSComm::FaultCode()
 {
+    // kept: a read that failed is no fault; callers look at readSucceeded() and CommError.
     return static_cast<std::int16_t>(readNumber(byteRegister(board_registers::kCurrentFault)));
 }
 
