@@ -16,11 +16,13 @@
 #include "shell/main_window.h"
 #include "shell/patient_port.h"
 #include "shell/qt_prompts.h"
+#include "shell/tools_menu.h"
 #include "simulator/inprocess/built_in_controller.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <algorithm>
@@ -81,6 +83,21 @@ int sayAndLeave(const CommandLine& line, int& argc, char* argv[])
     return line.exitCode;
 }
 
+/// A demonstration leaves no trace, and the simulated controller needs no serial settings: what
+/// they would keep goes to `scratch`.
+ProgramFolders foldersFor(const CommandLine& line, const QTemporaryDir& scratch)
+{
+    const QDir program(line.programFolder.isEmpty() ? QApplication::applicationDirPath()
+                                                    : line.programFolder);
+    const QDir user(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    ProgramFolders folders = chooseFolders(program, user);
+    if (line.simulate)
+        folders.settings = QDir(scratch.filePath(QStringLiteral("Support")));
+    if (!line.demoFolder.isEmpty())
+        folders.data = QDir(scratch.path());
+    return folders;
+}
+
 int runProgram(const CommandLine& line)
 {
     SteadyClock clock;
@@ -89,9 +106,8 @@ int runProgram(const CommandLine& line)
     BuiltInController controller(clock);
     PatientPort port(line.simulate ? controller.port() : realPort, clock);
 
-    const QString folder =
-        line.programFolder.isEmpty() ? QApplication::applicationDirPath() : line.programFolder;
-    ProgramState state(QDir(folder), port, clock, prompts);
+    const QTemporaryDir scratch;
+    ProgramState state(foldersFor(line, scratch), port, clock, prompts);
     state.simulated = line.simulate;
     state.portName = line.serialDevice;
     Reports reports(state);
@@ -105,6 +121,7 @@ int runProgram(const CommandLine& line)
     if (!demo) {
         memory.emplace(window, userSettings());
         window.files().recent().keepIn(userSettings());
+        window.tools().keepIn(userSettings());
     }
     window.show();
     if (!line.setupFile.isEmpty())

@@ -48,7 +48,7 @@ QString withState(const QString& path, bool mustBeWritable)
     return native;
 }
 
-QString commSettings(const QString& path)
+QString commSettings(const std::filesystem::path& path)
 {
     constexpr qint64 kLongestLine = 80;
     QFile file(path);
@@ -95,8 +95,9 @@ std::vector<SystemFact> systemInformation(const ProgramState& state)
         {QStringLiteral("Language"), QLocale().bcp47Name()},
         {QStringLiteral("Program folder"), withState(folder.path(), false)},
         {QStringLiteral("Support folder"), withState(support, true)},
+        {QStringLiteral("Data folder"), withState(state.dataRoot.absolutePath(), true)},
         {QStringLiteral("Help file"), withState(state.helpFile, false)},
-        {QStringLiteral("RSPort.cfg (port, speed)"), commSettings(support + "/RSPort.cfg")},
+        {QStringLiteral("RSPort.cfg (port, speed)"), commSettings(state.gLink.CommSettingsFile())},
         {QStringLiteral("Serial ports"), serialPorts()},
     };
 }

@@ -12,6 +12,12 @@
 
 namespace tambrix {
 
+namespace {
+
+constexpr const char* kSettingsFile = "RSPort.cfg";
+
+} // namespace
+
 /// Marks the link as busy for the length of one public operation.
 class RSComm::Call
 {
@@ -53,8 +59,11 @@ private:
     LinkObservers& m_observers;
 };
 
-RSComm::RSComm(std::filesystem::path programFolder, Clock& clock, Operator& person)
+RSComm::RSComm(std::filesystem::path programFolder, Clock& clock, Operator& person,
+               const std::filesystem::path& settingsFolder)
     : m_programFolder(std::move(programFolder)),
+      m_settingsFile(settingsFolder.empty() ? supportFile(kSettingsFile)
+                                            : settingsFolder / kSettingsFile),
       m_operator(std::make_unique<ObservedOperator>(person, m_observers)),
       m_exchange(*this, clock, *m_operator, m_observers),
       m_registers(m_exchange, *m_operator, m_observers),
@@ -142,11 +151,6 @@ void RSComm::RSWrite(std::string_view addr, std::string_view DataValue)
 std::filesystem::path RSComm::supportFile(const char* name) const
 {
     return m_programFolder / "Support" / name;
-}
-
-std::filesystem::path RSComm::CommSettingsFile() const
-{
-    return supportFile("RSPort.cfg");
 }
 
 std::string RSComm::TargetboardName(std::int16_t BoardType) const

@@ -27,8 +27,10 @@ namespace tambrix {
 class RSComm : public LinkFlags
 {
 public:
-    /// `programFolder` holds the Support folder with the settings and fault text files.
-    RSComm(std::filesystem::path programFolder, Clock& clock, Operator& person);
+    /// `programFolder` holds the Support folder with the fault text files. The settings file lies
+    /// there as well, or in `settingsFolder` where one is given.
+    RSComm(std::filesystem::path programFolder, Clock& clock, Operator& person,
+           const std::filesystem::path& settingsFolder = {});
     ~RSComm();
 
     RSComm(const RSComm&) = delete;
@@ -69,8 +71,8 @@ public:
     void addObserver(LinkObserver& observer) { m_observers.add(observer); }
     void removeObserver(LinkObserver& observer) { m_observers.remove(observer); }
 
-    /// Path of RSPort.cfg in the program's Support folder.
-    std::filesystem::path CommSettingsFile() const;
+    /// Path of RSPort.cfg.
+    std::filesystem::path CommSettingsFile() const { return m_settingsFile; }
 
     std::string TargetboardName(std::int16_t BoardType) const;
     std::string LCFBoardIndex(std::int16_t BoardType) const;
@@ -142,6 +144,7 @@ private:
     std::filesystem::path supportFile(const char* name) const;
 
     std::filesystem::path m_programFolder;
+    std::filesystem::path m_settingsFile;
     LinkObservers m_observers;
     std::unique_ptr<Operator> m_operator; ///< tells the observers of every box
     ByteExchange m_exchange;

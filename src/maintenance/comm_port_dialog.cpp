@@ -169,14 +169,11 @@ void CommPortDialog::save()
     RSComm& link = m_state.gLink;
     if (link.isBusy() || !m_port->finishEditing())
         return;
-    link.OnlineMode = false;
-    m_state.ApplyOnlineMode(); // closes the port
+    m_state.setOnline(false); // closes the port
     if (!writeFiles())
         return;
-    if (m_wasOnline) {
-        link.OnlineMode = true;
-        m_state.ApplyOnlineMode();
-    }
+    if (m_wasOnline)
+        m_state.setOnline(true);
     if (!m_wasOnline || link.OnlineMode)
         accept();
 }

@@ -15,7 +15,7 @@ ProgramCommands::ProgramCommands(ProgramState& state, QWidget& mainWindow, QTime
 
 void ProgramCommands::downloadProgram()
 {
-    if (m_state.gLink.isBusy() || !onlineOrSwitched() || !pickProgram() || !downloadConfirmed())
+    if (m_state.gLink.isBusy() || !m_state.offerOnline() || !pickProgram() || !downloadConfirmed())
         return;
     m_backgroundPoll.stop();
     ProgramDownloadWindow(m_state, &m_mainWindow).exec();
@@ -30,23 +30,6 @@ void ProgramCommands::showTargetBoard()
     TargetBoardWindow window(m_state, &m_mainWindow);
     window.InitializeForm(m_state.gProgramFilePath);
     window.exec();
-}
-
-/// Whether the user goes on. A port that does not open has said so in a box of its own; the
-/// transfer will ask for ON LINE once more, before anything is sent.
-bool ProgramCommands::onlineOrSwitched()
-{
-    RSComm& link = m_state.gLink;
-    if (link.OnlineMode)
-        return true;
-    if (m_state.prompts.showMessage({BoxIcon::Question, BoxButtons::YesNo, "Program Offline",
-                                     "Program is Currently OFFLINE\r\n\r\n"
-                                     "Do You Wish to Switch to ONLINE MODE to Continue?"}) !=
-        BoxAnswer::Yes)
-        return false;
-    link.OnlineMode = true;
-    m_state.ApplyOnlineMode();
-    return true;
 }
 
 bool ProgramCommands::pickProgram()

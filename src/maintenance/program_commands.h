@@ -25,7 +25,6 @@ public:
     void showTargetBoard();
 
 private:
-    bool onlineOrSwitched();
     bool pickProgram();
     bool downloadConfirmed();
     QString startFolder() const;

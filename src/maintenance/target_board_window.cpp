@@ -130,12 +130,8 @@ Task TargetBoardWindow::onlinePass()
 
 void TargetBoardWindow::goOnline()
 {
-    RSComm& link = m_state.gLink;
-    if (link.OnlineMode || link.isBusy())
-        return;
-    link.CommError = false;
-    link.OnlineMode = true;
-    m_state.ApplyOnlineMode();
+    if (!m_state.gLink.OnlineMode)
+        m_state.setOnline(true);
 }
 
 void TargetBoardWindow::resetFaults()

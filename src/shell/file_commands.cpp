@@ -47,6 +47,7 @@ void FileCommands::newFile()
     m_state.gSavedData = m_state.gWorkingData;
     m_state.gUntitled = true;
     setCaption(kUnnamed);
+    m_state.announceNewData();
 }
 
 void FileCommands::open()
@@ -63,19 +64,25 @@ void FileCommands::open()
 
 void FileCommands::openFile(const QString& path)
 {
+    if (!QFileInfo::exists(path))
+        return sayGone(path);
     if (mayDropData() && !load(path))
         open();
+}
+
+void FileCommands::sayGone(const QString& path)
+{
+    m_recent.remove(path);
+    m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "TAMBRIX",
+                                 "The file is not there any more:\r\n" + path.toStdString()});
 }
 
 /// Returns false when the user wants to choose another file.
 bool FileCommands::load(const QString& path)
 {
     auto record = readRecord(path);
-    if (!record) {
-        if (!QFileInfo::exists(path))
-            m_recent.remove(path);
+    if (!record)
         return true;
-    }
     m_state.gFileBuffer = std::move(*record);
     setFileName(path);
     m_state.gUploadNOW = today();
@@ -105,6 +112,7 @@ void FileCommands::acceptFile()
     m_state.gUntitled = false;
     setCaption(u'[' + m_state.gFileNameTitle + u']');
     m_recent.add(m_state.gFileNamePath);
+    m_state.announceNewData();
 }
 
 bool FileCommands::save()

@@ -49,6 +49,7 @@ signals:
 
 private:
     bool load(const QString& path);
+    void sayGone(const QString& path);
     BoxAnswer askForOtherVersion();
     void acceptFile();
     QString saveFolder() const;

@@ -72,6 +72,11 @@ void LabelRangeDialog::buildOptions()
     }
     connect(m_optLabels[1], &QRadioButton::clicked, m_txtLabels[0],
             qOverload<>(&QWidget::setFocus));
+    const auto chosen = [this](bool on) {
+        if (on && m_optLabels[1]->hasFocus()) // by an arrow key; a bound keeps its focus
+            m_txtLabels[0]->setFocus();
+    };
+    connect(m_optLabels[1], &QRadioButton::toggled, this, chosen, Qt::QueuedConnection);
     layout()->addWidget(options);
 }
 

@@ -58,10 +58,8 @@ Task LinkPoller::run()
 {
     for (;;) {
         co_await m_loop.pendingEvents();
-        if (m_state.gLink.CommError) {
-            m_state.gLink.OnlineMode = false;
-            m_state.ApplyOnlineMode();
-        }
+        if (m_state.gLink.CommError)
+            m_state.dropOffline();
         m_view.everyTurn();
         followMode();
         if (m_shown == Shown::Offline) {

@@ -6,18 +6,24 @@
 #include "shell/screen_place.h"
 #include "shell/status_panels.h"
 #include "shell/toolbar.h"
+#include "shell/tools_menu.h"
 #include "shell/window_below.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 
 namespace tambrix {
 
 namespace {
 
-constexpr int kPollInterval = 500;     // ms
-constexpr QSize kFirstSize(1280, 690); // the frame included it fits 1366 x 768
+constexpr int kPollInterval = 500; // ms
+constexpr int kNextTry = 50;       // ms
+constexpr QSize kFirstSize(1280, 690);
+constexpr QSize kFrame(16, 40);          // about what the desktop puts around a window
+constexpr QSize kSmallestSize(800, 520); // below it the screens cannot be read
 const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
 
 } // namespace
@@ -31,23 +37,30 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
       m_toolbar(new Toolbar(state))
 {
     setObjectName(QStringLiteral("frmTambrix"));
-    resize(kFirstSize);
+    const QSize room = screen()->availableGeometry().size() - kFrame;
+    resize(kFirstSize.boundedTo(room));
+    setMinimumSize(kSmallestSize.boundedTo(room));
     setCentralWidget(m_place);
 
     buildFileMenu(commands);
     buildEditMenu(commands);
     buildViewMenu(commands);
     buildWindowMenu();
+    m_tools = new ToolsMenu(*menuBar()->addMenu(QStringLiteral("&Tools")), *this);
     buildHelpMenu(commands);
     buildToolbar();
 
     connect(m_panels, &StatusPanels::modeClicked, this,
-            [this] { setOnline(!m_state.gLink.OnlineMode); });
+            [this] { m_state.setOnline(!m_state.gLink.OnlineMode); });
     connect(&m_files, &FileCommands::captionChanged, this, &MainWindow::showCaption);
     connect(&m_files.recent(), &RecentFiles::changed, this, &MainWindow::showRecentFiles);
     new WindowBelow(*this);
     new FileDrop(*this, [this](const QString& file) { m_files.openFile(file); });
     connect(&m_state, &ProgramState::onlineModeApplied, this, &MainWindow::showMode);
+    connect(&m_state, &ProgramState::dataReplaced, this, [this] {
+        if (m_screen != nullptr)
+            m_screen->reload();
+    });
     m_poll.setObjectName(QStringLiteral("tmrBackgroungUpdate"));
     m_poll.setInterval(kPollInterval);
     connect(&m_poll, &QTimer::timeout, this, &MainWindow::poll);
@@ -107,16 +120,6 @@ void MainWindow::unloadScreen()
     m_screen.clear();
 }
 
-void MainWindow::setOnline(bool wanted)
-{
-    if (m_state.gLink.isBusy()) {
-        showMode(m_state.gLink.OnlineMode);
-        return;
-    }
-    m_state.gLink.OnlineMode = wanted;
-    m_state.ApplyOnlineMode();
-}
-
 void MainWindow::showMode(bool online)
 {
     m_panels->showMode(online);
@@ -166,9 +169,20 @@ void MainWindow::editPasscode()
         link.RSWrite(reg::kPasscode.address, answer.toStdString());
 }
 
+/// The window was to be closed while the link waited for the board: it is as soon as it may be.
+void MainWindow::closeLater()
+{
+    QTimer::singleShot(kNextTry, this, [this] { close(); });
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (m_state.gLink.isBusy() || !m_files.mayDropData()) {
+    if (m_state.gLink.isBusy()) {
+        event->ignore();
+        closeLater();
+        return;
+    }
+    if (!m_files.mayDropData()) {
         event->ignore();
         return;
     }

@@ -21,6 +21,7 @@ namespace tambrix {
 class ScreenPlace;
 class StatusPanels;
 class Toolbar;
+class ToolsMenu;
 
 /// The child screens, in Window-menu order.
 enum class ScreenId { MainDisplay, SetupParameters, ShiftData, ColorControl, IoStates };
@@ -61,8 +62,11 @@ public:
     FileCommands& files() { return m_files; }
 
     /// View > Online Data and Offline Data. Pass their turn while the link is busy.
-    void goOnline() { setOnline(true); }
-    void goOffline() { setOnline(false); }
+    void goOnline() { m_state.setOnline(true); }
+    void goOffline() { m_state.setOnline(false); }
+
+    /// The menu of what goes beyond the controller's own screens; hidden while it is empty.
+    ToolsMenu& tools() { return *m_tools; }
 
     /// The bar below the menus; rooms beside the shell add their tools to it.
     Toolbar& toolbar() { return *m_toolbar; }
@@ -81,7 +85,6 @@ private:
     void buildWindowMenu();
     void buildHelpMenu(const MenuCommands& commands);
     void buildToolbar();
-    void setOnline(bool online);
     void showMode(bool online);
     void poll();
     SystemMessage pollMessage();
@@ -90,6 +93,7 @@ private:
     void showRecentFiles();
     void addRecentFile(const QString& path);
     void unloadScreen();
+    void closeLater();
 
     ProgramState& m_state;
     FileCommands m_files;
@@ -104,6 +108,7 @@ private:
     QMenu* m_fileMenu = nullptr;
     QAction* m_belowRecent = nullptr; ///< the recent files stand above this item
     QList<QAction*> m_recentItems;
+    ToolsMenu* m_tools = nullptr;
     QAction* m_online = nullptr;
     QAction* m_offline = nullptr;
     QAction* m_passcode = nullptr;

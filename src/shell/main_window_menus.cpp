@@ -127,7 +127,6 @@ void MainWindow::buildViewMenu(const MenuCommands& commands)
     menu->addSeparator();
     m_online = addItem(*menu, {QStringLiteral("O&nline Data"), QStringLiteral("mnuViewOnline"),
                                QKeySequence(QStringLiteral("F9")), [this] { goOnline(); }, true});
-    menu->addSeparator();
     m_offline =
         addItem(*menu, {QStringLiteral("O&ffline Data"), QStringLiteral("mnuViewOffline"),
                         QKeySequence(QStringLiteral("Shift+F9")), [this] { goOffline(); }, true});
@@ -169,7 +168,7 @@ void MainWindow::buildToolbar()
     m_toolbar->addTool(QStringLiteral("save"), QStringLiteral("Save"), item("mnuFileSave"));
     m_toolbar->addLastTool(QStringLiteral("help"), QStringLiteral("Help"), item("mnuHelpTopics"));
     connect(m_toolbar, &Toolbar::modeClicked, this,
-            [this] { setOnline(!m_state.gLink.OnlineMode); });
+            [this] { m_state.setOnline(!m_state.gLink.OnlineMode); });
     addToolBar(m_toolbar);
 }
 

@@ -3,7 +3,6 @@
 #include "controls/forms.h"
 #include "controls/named_controls.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -72,9 +71,11 @@ Task ProcessingDialog::work()
         showProgress();
         co_await m_loop.pendingEvents();
     }
-    if (m_transfer.failed())
-        m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "TAMBRIX",
-                                     "Error Processing Request\r\n\r\nProcess Not Complete"});
+    if (m_transfer.linkBroken())
+        warn("Error Processing Request\r\n\r\nProcess Not Complete");
+    if (!m_transfer.findings().empty()) // kept: told once, at the end, not for every register
+        warn("Not all data were transferred.\r\n\r\n" +
+             sentences(m_transfer.findings()).toStdString());
     accept();
 }
 
@@ -93,9 +94,15 @@ void ProcessingDialog::showProgress()
     m_done->setText(*text);
 }
 
+void ProcessingDialog::warn(const std::string& text)
+{
+    m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "TAMBRIX", text});
+}
+
+/// A box that is no part of the transfer, such as one of the help, does not stop it.
 bool ProcessingDialog::mayRun() const
 {
-    return !m_state.gLink.isBusy() && QApplication::activeModalWidget() == this;
+    return !m_state.gLink.isBusy();
 }
 
 } // namespace tambrix

@@ -31,6 +31,7 @@ protected:
 private:
     void build();
     Task work();
+    void warn(const std::string& text);
     bool mayRun() const;
 
     ProgramState& m_state;

@@ -6,16 +6,28 @@
 
 namespace tambrix {
 
+namespace {
+
+std::filesystem::path absolutePath(const QDir& folder)
+{
+    return QFileInfo(folder.absolutePath()).filesystemAbsoluteFilePath();
+}
+
+} // namespace
+
 QDateTime today()
 {
     return QDate::currentDate().startOfDay();
 }
 
-ProgramState::ProgramState(const QDir& folder, SerialPort& commPort, Clock& clock, Prompts& person)
-    : programFolder(folder),
+ProgramState::ProgramState(const ProgramFolders& folders, SerialPort& commPort, Clock& clock,
+                           Prompts& person)
+    : programFolder(folders.program),
+      dataRoot(folders.data),
       prompts(person),
       gCommPort(commPort),
-      gLink(QFileInfo(folder.absolutePath()).filesystemAbsoluteFilePath(), clock, person)
+      m_linkBoxes(person),
+      gLink(absolutePath(folders.program), clock, m_linkBoxes, absolutePath(folders.settings))
 {
 }
 
@@ -37,6 +49,35 @@ void ProgramState::ApplyOnlineMode()
     emit onlineModeApplied(gLink.OnlineMode);
     if (gLink.CommError)
         gLink.OnlineMode = false;
+}
+
+void ProgramState::setOnline(bool wanted)
+{
+    if (gLink.isBusy()) {
+        emit onlineModeApplied(gLink.OnlineMode);
+        return;
+    }
+    gLink.OnlineMode = wanted;
+    ApplyOnlineMode();
+}
+
+bool ProgramState::offerOnline()
+{
+    if (gLink.OnlineMode)
+        return true;
+    if (prompts.showMessage({BoxIcon::Question, BoxButtons::YesNo, "Program Offline",
+                             "Program is Currently OFFLINE\r\n\r\n"
+                             "Do You Wish to Switch to ONLINE MODE to Continue?"}) !=
+        BoxAnswer::Yes)
+        return false;
+    setOnline(true);
+    return true;
+}
+
+void ProgramState::announceNewData()
+{
+    undoStack.clear();
+    emit dataReplaced();
 }
 
 bool ProgramState::hasUnsavedChanges() const

@@ -2,12 +2,15 @@
 
 #include "data/setup_data.h"
 #include "link/rs_comm.h"
+#include "platform/program_folders.h"
+#include "shell/link_boxes.h"
 #include "shell/prompts.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QObject>
 #include <QString>
+#include <QUndoStack>
 
 #include <optional>
 
@@ -34,15 +37,26 @@ class ProgramState : public QObject
     Q_OBJECT
 
 public:
-    /// `programFolder` is the folder with Support, Help and the set-up files below it.
-    ProgramState(const QDir& programFolder, SerialPort& commPort, Clock& clock, Prompts& person);
+    ProgramState(const ProgramFolders& folders, SerialPort& commPort, Clock& clock,
+                 Prompts& person);
 
     /// Builds the default data set and copies it to the working and the saved one.
     void InitSetupData();
 
-    /// Makes the port follow `gLink.OnlineMode`: opens or closes it, and tells the main window
-    /// to show the mode that came of it.
+    /// Makes the port follow `gLink.OnlineMode`: opens or closes it, and tells everybody who shows
+    /// the mode what came of it.
     void ApplyOnlineMode();
+
+    /// Changes the mode, for everybody who wants it changed: sets `gLink.OnlineMode` and applies
+    /// it. While the link is busy nothing is changed, and the mode is only told again.
+    void setOnline(bool wanted);
+
+    /// What a loop does that finds a communication error: the whole program goes off line.
+    void dropOffline() { setOnline(false); }
+
+    /// Asks to go on line where the program is not, and goes. False when the user does not want
+    /// to; a port that does not open has its own box, and `gLink.OnlineMode` tells.
+    bool offerOnline();
 
     /// Whether `gWorkingData` holds anything that is not in `gSavedData`.
     bool hasUnsavedChanges() const;
@@ -50,9 +64,15 @@ public:
     /// On line, and the link is not broken: what every write to the controller asks first.
     bool canReachBoard() const { return gLink.OnlineMode && !gLink.CommError; }
 
-    const QDir programFolder;
+    const QDir programFolder; ///< with Support, Help and the set-up files below it
+    const QDir dataRoot;      ///< what the program keeps for itself lies below it
     Prompts& prompts;
     SerialPort& gCommPort;
+
+private:
+    LinkBoxes m_linkBoxes; // before the link, which shows its boxes through it
+
+public:
     RSComm gLink;
 
     std::string gProgramVersion; ///< "TAMBRIX_R" and major.minor.revision
@@ -77,15 +97,21 @@ public:
     bool everConnected = true; ///< a controller has answered on this machine at some time
     bool simulated = false;    ///< the controller is the built-in one
     QString portName;          ///< of the device in use; empty: the settings' number says it
+    QUndoStack undoStack;      ///< off-line edits of the working data that can be taken back
 
     ReportSettings report;
 
     int transferRequest = 0;          ///< code of the last bulk transfer
     bool labelRangeCancelled = false; ///< the label range dialog ended without a range
 
+    /// The working data have been replaced by other ones (New, Open, upload): what shows or keeps
+    /// parts of the old ones forgets them.
+    void announceNewData();
+
 signals:
     /// The port has been opened or closed; `online` is the mode to show.
     void onlineModeApplied(bool online);
+    void dataReplaced();
 };
 
 } // namespace tambrix

@@ -3,7 +3,9 @@
 #include "shell/tabbed_text.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -41,6 +43,8 @@ QMessageBox::StandardButtons buttonsOf(BoxButtons buttons)
     return QMessageBox::Ok;
 }
 
+constexpr QSize kFileDialog(860, 520); // all columns of Qt's own dialog can be read
+
 BoxAnswer answerOf(int button)
 {
     switch (button) {
@@ -64,9 +68,18 @@ std::optional<QString> askFile(QFileDialog& dialog, const FileQuestion& question
     dialog.setDirectory(question.folder);
     if (!question.name.contains(u'*'))
         dialog.selectFile(question.name);
+    dialog.resize(dialog.size().expandedTo(kFileDialog));
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.selectedFiles().constFirst();
+}
+
+bool mayReplace(const QString& file)
+{
+    return !QFileInfo::exists(file) ||
+           QMessageBox::question(QApplication::activeWindow(), QStringLiteral("Save As"),
+                                 QStringLiteral("%1 already exists.\nDo you want to replace it?")
+                                     .arg(QDir::toNativeSeparators(file))) == QMessageBox::Yes;
 }
 
 } // namespace
@@ -83,6 +96,12 @@ QStringList nameFilters(const QString& filter)
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
         captions += parts[i];
     return captions;
+}
+
+QString withSuffix(const QString& file, const QString& suffix)
+{
+    const QString ending = u'.' + suffix;
+    return suffix.isEmpty() || file.endsWith(ending, Qt::CaseInsensitive) ? file : file + ending;
 }
 
 BoxAnswer QtPrompts::showMessage(const OperatorBox& box)
@@ -121,7 +140,12 @@ std::optional<QString> QtPrompts::askSaveFile(const FileQuestion& question)
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(question.suffix);
-    return askFile(dialog, question);
+    for (;;) {
+        const auto file = askFile(dialog, question);
+        const QString wanted = file ? withSuffix(*file, question.suffix) : QString();
+        if (!file || *file == wanted || mayReplace(wanted))
+            return file ? std::optional(wanted) : std::nullopt;
+    }
 }
 
 } // namespace tambrix

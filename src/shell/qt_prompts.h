@@ -18,6 +18,10 @@ public:
 /// Message text as the screen shows it: every CR LF or CR becomes one line break.
 QString withLineBreaks(QString text);
 
+/// The file's name with the suffix that its dialog shows, also behind a point that is part of the
+/// name: "press 2.5" is saved as "press 2.5.sdt".
+QString withSuffix(const QString& file, const QString& suffix);
+
 /// A file question's filter as Qt's dialogs take it: "Setup Files(*.sdt)".
 QStringList nameFilters(const QString& filter);
 

@@ -15,20 +15,6 @@ bool answersYes(ProgramState& state, const char* title, const char* text)
            BoxAnswer::Yes;
 }
 
-/// Offers to go on line. False when the user does not want to.
-bool offerOnline(ProgramState& state)
-{
-    if (state.gLink.OnlineMode)
-        return true;
-    if (!answersYes(state, "Program Offline",
-                    "Program is Currently OFFLINE\r\n\r\n"
-                    "Do You Wish to Switch to ONLINE MODE to Continue?"))
-        return false;
-    state.gLink.OnlineMode = true;
-    state.ApplyOnlineMode();
-    return true;
-}
-
 /// Asks for the labels and leaves the range where the reports find it as well.
 void askLabels(ProgramState& state, QWidget& window)
 {
@@ -59,7 +45,7 @@ void downloadData(ProgramState& state, QWidget& window, int group)
 
 void transferData(ProgramState& state, QWidget& window, int requestCode)
 {
-    if (!offerOnline(state))
+    if (!state.offerOnline())
         return;
     state.transferRequest = requestCode;
     state.labelRangeCancelled = false;
@@ -70,6 +56,8 @@ void transferData(ProgramState& state, QWidget& window, int requestCode)
     const LabelRange labels{state.report.firstLabel, state.report.lastLabel, false};
     ProcessingDialog dialog(state, transferPlan(requestCode, labels), &window);
     dialog.exec();
+    if (requestCode < kDownload)
+        state.announceNewData();
 }
 
 } // namespace tambrix

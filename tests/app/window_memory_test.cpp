@@ -1,7 +1,5 @@
 #include "app/window_memory.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -39,12 +37,6 @@ TEST_F(WindowMemoryTest, AWindowComesBackWhereItWas)
     EXPECT_EQ(openedAt(place).size(), QSize(400, 300)); // nothing is known yet
     EXPECT_EQ(openedAt(), place);
     EXPECT_EQ(openedAt(), place); // and stays there
-}
-
-TEST_F(WindowMemoryTest, AWindowFromAScreenThatIsGoneComesBackIntoSight)
-{
-    openedAt(QRect(5000, 4000, 400, 300));
-    EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().intersects(openedAt()));
 }
 
 TEST_F(WindowMemoryTest, ADamagedFileMeansAFirstRun)

@@ -39,11 +39,7 @@ protected:
         open();
     }
 
-    void goOffline()
-    {
-        rig.state.gLink.OnlineMode = false;
-        rig.state.ApplyOnlineMode();
-    }
+    void goOffline() { rig.state.setOnline(false); }
 
     Concrete& screen() { return *m_screen; }
 

@@ -89,12 +89,14 @@ TEST_F(FileCommandsTest, SaveAsksForANameOnceAndWritesTheProgramsVersion)
     EXPECT_EQ(inFile(path("press 1.sdt")).Version, state.gProgramVersion);
     EXPECT_FALSE(state.hasUnsavedChanges());
 
-    edit(8, 445);
+    state.gWorkingData.Address[3] = "elsewhere"; // no value: nothing to save
+    EXPECT_FALSE(state.hasUnsavedChanges());
+    edit(1613, 445);
+    EXPECT_TRUE(state.hasUnsavedChanges());
     pick("mnuFileSave"); // has its name now
     EXPECT_EQ(person.saveQuestions.size(), 1U);
     EXPECT_EQ(inFile(path("press 1.sdt")), state.gWorkingData);
     EXPECT_EQ(state.gSavedData, state.gWorkingData);
-    EXPECT_EQ(state.gWorkingData.Value[8], 445);
     EXPECT_TRUE(person.boxes.empty());
 }
 
@@ -280,6 +282,8 @@ TEST_F(FileCommandsTest, RecentFilesAskTheSameQuestions)
     QFile::remove(path("b.sdt"));
     willAnswer({BoxAnswer::No}, {});
     pick("mnuFileRecent(1)");
+    EXPECT_EQ(person.boxes.back().text,
+              "The file is not there any more:\r\n" + path("b.sdt").toStdString());
     RecentFiles nextRun;
     nextRun.keepIn(ini);
     EXPECT_EQ(nextRun.paths(), QStringList({path("a.sdt")})) << "a file that is gone is dropped";
@@ -291,6 +295,8 @@ TEST_F(FileCommandsTest, RecentFilesAskTheSameQuestions)
 TEST_F(FileCommandsTest, DroppedFileIsOpened)
 {
     QMimeData drag;
+    drag.setUrls({QUrl::fromLocalFile("a.txt")});
+    EXPECT_EQ(draggedSetupFile(drag), "");
     drag.setUrls({QUrl::fromLocalFile(fileWith("A.SDT", otherData()))});
     QDragEnterEvent enter({}, Qt::CopyAction, &drag, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&window, &enter);
@@ -300,20 +306,6 @@ TEST_F(FileCommandsTest, DroppedFileIsOpened)
     EXPECT_TRUE(drop.isAccepted());
     EXPECT_EQ(state.gWorkingData, state.gDefaultData) << "not before the drag is over";
     EXPECT_TRUE(PressRig::eventually([this] { return state.gWorkingData == otherData(); }));
-}
-
-TEST(FileDrop, TakesOneSetupFileOnly)
-{
-    const auto dragged = [](const QStringList& urls) {
-        QMimeData data;
-        data.setUrls(QUrl::fromStringList(urls));
-        return draggedSetupFile(data);
-    };
-    EXPECT_EQ(dragged({"file:///press/a.sdt"}), "/press/a.sdt");
-    EXPECT_EQ(dragged({"file:///press/a.txt"}), "");
-    EXPECT_EQ(dragged({"file:///press/a.sdt", "file:///press/b.sdt"}), "");
-    EXPECT_EQ(dragged({"https://press/a.sdt"}), "");
-    EXPECT_EQ(dragged({}), "");
 }
 
 } // namespace

@@ -59,6 +59,11 @@ TEST_F(LabelRangeDialogTest, TypingABoundMeansAnOwnRange)
     control<QRadioButton>("optLabels(1)").click();
     EXPECT_TRUE(from().hasFocus());
     control<QRadioButton>("optLabels(0)").click();
+    control<QRadioButton>("optLabels(0)").setFocus();
+    QTest::keyClick(&control<QRadioButton>("optLabels(0)"), Qt::Key_Down);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(from().hasFocus()) << "chosen by an arrow key";
+    control<QRadioButton>("optLabels(0)").click();
     to().setFocus();
     EXPECT_TRUE(control<QRadioButton>("optLabels(1)").isChecked());
     from().setFocus();

@@ -1,3 +1,4 @@
+#include "shell/tools_menu.h"
 #include "tests/support/window_rig.h"
 
 #include <QMenu>
@@ -18,10 +19,12 @@ public:
     CountingScreen(ProgramState& shared, int& alive) : Screen(shared), m_alive(alive) { ++m_alive; }
     ~CountingScreen() override { --m_alive; }
 
+    int loads = 0;
     int onlineViews = 0;
     int offlineViews = 0;
 
 protected:
+    void load() override { ++loads; }
     void applyOnlineView() override { ++onlineViews; }
     void applyOfflineView() override { ++offlineViews; }
     Task onlinePass() override
@@ -92,9 +95,10 @@ TEST(MainWindowTest, StartsOffLineWithItsMenusAndPanels)
               "Dow&nload (restore) Data|Set-up Data|Shift Data|Label Data|-|"
               "&Report Setup|&Print Report...|-|E&xit\n"
               "E&dit: Enable &Offline Editing|-|Co&mm Port|-|Color Control Passcode\n"
-              "&View: &Target Board Interface|-|O&nline Data|-|O&ffline Data\n"
+              "&View: &Target Board Interface|-|O&nline Data|O&ffline Data\n"
               "&Window: &1 Main Display|&2 Set-up Parameters|&3 Shift Data|&4 Color Control|"
               "&5 I/O States\n"
+              "&Tools: \n"
               "&Help: &Help Topics|-|&About TAMBRIX");
 }
 
@@ -123,7 +127,7 @@ TEST(MainWindowTest, EditsThePasscodeOnLine)
     EXPECT_EQ(rig.person.textTitles.back(), "Color Control Passcode");
     EXPECT_EQ(rig.person.textPrompts.back(), "Please Enter New Passcode (0-65535)");
     EXPECT_EQ(rig.person.textPresets.back(), "4711");
-    EXPECT_EQ(rig.board.peekWord(1298), 4711); // cancelled
+    EXPECT_EQ(rig.board.mode(), 1) << "cancelled: nothing was written";
     rig.person.textAnswer = "123";
     rig.item("mnuEditPasscode").trigger();
     EXPECT_EQ(rig.board.peekWord(1298), 123);
@@ -205,7 +209,6 @@ TEST(ScreenTest, AndPollWaitWhileABoxIsOpenInsideAnExchange)
         ASSERT_TRUE(PressRig::eventually([&] { return ticks > 5; }));
         shell.rig.window->showScreen(ScreenId::MainDisplay); // pass their turn as well
         shell.rig.window->goOffline();
-        EXPECT_FALSE(shell.rig.window->close());
         EXPECT_EQ(shell.rig.mode(), "ONLINE");
     };
     poll.setInterval(60'000); // it is the screen that shall meet the silence: a tick does not nest
@@ -215,6 +218,59 @@ TEST(ScreenTest, AndPollWaitWhileABoxIsOpenInsideAnExchange)
     EXPECT_EQ(shell.rig.person.boxes.size(), 1u);
     EXPECT_EQ(shell.rig.line.exchanges(), exchanges);
     EXPECT_EQ(shell.rig.window->currentScreen(), ScreenId::ShiftData);
+}
+
+TEST(MainWindowTest, ClosesAsSoonAsTheWaitForTheBoardIsOver)
+{
+    WindowRig rig;
+    rig.window->goOnline();
+    rig.person.whileShown = [&] { EXPECT_FALSE(rig.window->close()); };
+    rig.board.setPowered(false);
+    EXPECT_TRUE(PressRig::eventually([&] { return !rig.window->isVisible(); }));
+    EXPECT_EQ(rig.person.boxes.size(), 1u);
+}
+
+TEST(MainWindowTest, LoadsTheScreenAnewForOtherDataOffLineOnly)
+{
+    ShellRig shell;
+    const CountingScreen* screen = shell.showCounting();
+    shell.rig.item("mnuFileNew").trigger();
+    EXPECT_EQ(screen->loads, 1);
+    shell.rig.window->goOnline();
+    shell.rig.item("mnuFileNew").trigger();
+    EXPECT_EQ(screen->loads, 1);
+}
+
+TEST(ToolsMenuTest, ShowsOnceItHasSomethingAndKeepsItsOptions)
+{
+    const WindowRig rig;
+    const QString ini = rig.folder.filePath("tools.ini");
+    ToolsMenu& tools = rig.window->tools();
+    QAction* menu = rig.window->menuBar()->actions().at(4);
+    EXPECT_EQ(menu->text(), "&Tools");
+    EXPECT_FALSE(menu->isVisible());
+    int made = 0;
+    QAction* window = tools.addWindow({"Window", "mnuToolsWindow", {}, {}}, [&](QWidget& parent) {
+        ++made;
+        return new QWidget(&parent, Qt::Window);
+    });
+    EXPECT_TRUE(menu->isVisible());
+    window->trigger();
+    window->trigger();
+    EXPECT_EQ(made, 1);
+
+    bool on = false;
+    QAction* option =
+        tools.addOption({"Option", "mnuToolsOption", {}, {}}, [&](bool b) { on = b; });
+    EXPECT_FALSE(option->isChecked());
+    tools.keepIn(ini);
+    option->trigger();
+    EXPECT_TRUE(on);
+    const WindowRig next;
+    on = false;
+    next.window->tools().addOption({"Option", "mnuToolsOption", {}, {}}, [&](bool b) { on = b; });
+    next.window->tools().keepIn(ini);
+    EXPECT_TRUE(on);
 }
 
 TEST(MainWindowTest, ClosesThePortWhenItIsClosedOnLine)

@@ -28,11 +28,7 @@ struct PressRig
     PressRig() { state.InitSetupData(); }
 
     /// Opens the link the way View > Online Data does.
-    void goOnline()
-    {
-        state.gLink.OnlineMode = true;
-        state.ApplyOnlineMode();
-    }
+    void goOnline() { state.setOnline(true); }
 
     /// Lets the event loop run until `condition` holds; false when it does not within 5 s.
     static bool eventually(const std::function<bool()>& condition)

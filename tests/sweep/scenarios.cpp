@@ -50,7 +50,7 @@ Claim transfer(LinkRig& rig, int code)
     BulkTransfer moves(rig.link, data, transferPlan(code, {5, 5, false}));
     for (int steps = 0; !moves.ended() && steps < 10'000; ++steps)
         moves.step();
-    Claim claim{moves.ended() && !moves.failed(), {}};
+    Claim claim{moves.ended() && !moves.linkBroken() && moves.findings().empty(), {}};
     for (int entry = moves.plan().first; entry <= moves.plan().last; ++entry)
         claim.values += std::to_string(data.Value[static_cast<std::size_t>(entry)]) + " ";
     return claim;

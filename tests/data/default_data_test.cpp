@@ -1,16 +1,16 @@
 #include "data/alarm_message.h"
-#include "tests/support/press_rig.h"
+#include "data/setup_data.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 using namespace tambrix;
 
 TEST(DefaultData, HasTheControllersLayout)
 {
-    const PressRig rig;
-    const SetupDataRecord& data = rig.state.gDefaultData;
+    const SetupDataRecord data = defaultSetupData("V");
     ASSERT_EQ(data.Address.size(), 1614u);
     ASSERT_EQ(data.Value.size(), 1614u);
     const std::tuple<std::size_t, const char*, std::int32_t> cases[] = {
@@ -23,17 +23,8 @@ TEST(DefaultData, HasTheControllersLayout)
         EXPECT_EQ(data.Address[index], address) << index;
         EXPECT_EQ(data.Value[index], value) << index;
     }
+    EXPECT_EQ(nameOf(entryAt(125)), "Label 6 CYCLE Duration, Ductor 8");
     EXPECT_EQ(std::set(data.Address.begin(), data.Address.end()).size(), 1614u);
-}
-
-TEST(ProgramStateTest, UnsavedIsAValueOrAnotherVersionNotAnAddress)
-{
-    PressRig rig;
-    EXPECT_EQ(rig.state.gProgramVersion, "TAMBRIX_R1.0.0");
-    rig.state.gWorkingData.Address[3] = "elsewhere";
-    EXPECT_FALSE(rig.state.hasUnsavedChanges());
-    rig.state.gWorkingData.Value[1613] = 201;
-    EXPECT_TRUE(rig.state.hasUnsavedChanges());
 }
 
 TEST(SystemMessages, NameEveryFaultyDuctor)
