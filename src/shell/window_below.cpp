@@ -13,10 +13,11 @@ namespace {
 /// At once, and again when the window system has done its own part.
 constexpr std::chrono::milliseconds kMoments[] = {0ms, 200ms};
 
-bool isActiveDialog(const QObject& object)
+/// A dialog is marked as hidden before it loses the keyboard, and gets its hide event only after.
+bool isClosingDialog(const QObject& object)
 {
     const auto* widget = qobject_cast<const QWidget*>(&object);
-    return widget != nullptr && widget->windowType() == Qt::Dialog && widget->isActiveWindow();
+    return widget != nullptr && widget->windowType() == Qt::Dialog && widget->isHidden();
 }
 
 } // namespace
@@ -29,7 +30,7 @@ WindowBelow::WindowBelow(QWidget& mainWindow) : QObject(&mainWindow), m_mainWind
 /// A dialog without the keyboard takes none away: the user may be working in another program.
 bool WindowBelow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Hide && isActiveDialog(*watched)) {
+    if (event->type() == QEvent::WindowDeactivate && isClosingDialog(*watched)) {
         for (const auto moment : kMoments)
             QTimer::singleShot(moment, this, &WindowBelow::activate);
     }
