@@ -1,5 +1,7 @@
 #include "help/help_window.h"
 
+#include "controls/line_icon.h"
+
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
@@ -7,7 +9,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSplitter>
-#include <QStyle>
 #include <QTextBrowser>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -58,22 +59,20 @@ void HelpWindow::buildToolBar()
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const auto add = [&](const QString& caption, const char* name, QStyle::StandardPixmap icon,
+    const auto add = [&](const QString& caption, const char* name, const char* icon,
                          const QKeySequence& key) {
-        auto* action = bar->addAction(style()->standardIcon(icon), caption);
+        auto* action = bar->addAction(lineIcon(QLatin1String(icon)), caption);
         action->setObjectName(QLatin1String(name));
         action->setShortcut(key);
         return action;
     };
-    auto* back =
-        add(QStringLiteral("&Back"), "cmdHelpBack", QStyle::SP_ArrowBack, QKeySequence::Back);
-    auto* forward = add(QStringLiteral("&Forward"), "cmdHelpForward", QStyle::SP_ArrowForward,
-                        QKeySequence::Forward);
-    auto* home = add(QStringLiteral("&Contents"), "cmdHelpContents", QStyle::SP_DirHomeIcon, {});
-    auto* printer =
-        add(QStringLiteral("&Print..."), "cmdHelpPrint", QStyle::SP_FileIcon, QKeySequence::Print);
-    auto* leave = add(QStringLiteral("C&lose"), "cmdHelpClose", QStyle::SP_DialogCloseButton,
-                      QKeySequence(Qt::Key_Escape));
+    auto* back = add(QStringLiteral("&Back"), "cmdHelpBack", "back", QKeySequence::Back);
+    auto* forward =
+        add(QStringLiteral("&Forward"), "cmdHelpForward", "forward", QKeySequence::Forward);
+    auto* home = add(QStringLiteral("&Contents"), "cmdHelpContents", "contents", {});
+    auto* printer = add(QStringLiteral("&Print..."), "cmdHelpPrint", "print", QKeySequence::Print);
+    auto* leave =
+        add(QStringLiteral("C&lose"), "cmdHelpClose", "close", QKeySequence(Qt::Key_Escape));
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(back, &QAction::triggered, m_page, &QTextBrowser::backward);
