@@ -31,6 +31,14 @@ constexpr const char* kCannotCommunicate = "Cannot Communicate with Target Board
                                            "COMM Port and PROG Port.";
 constexpr const char* kCannotSetMode = "Cannot Set PLC Mode Within Target Board.";
 
+/// Whether a board that has taken the mode's command stands inside a frame at once: there attention
+/// would be data.
+bool startsInsideFrame(LinkMode mode)
+{
+    return mode == LinkMode::SwitchChannel || mode == LinkMode::SwitchValue ||
+           mode == LinkMode::SwitchBlock || mode == LinkMode::SwitchRecall;
+}
+
 } // namespace
 
 ByteExchange::ByteExchange(LinkFlags& flags, Clock& clock, Operator& person,
@@ -166,7 +174,7 @@ bool ByteExchange::tryToEnter(LinkMode mode, std::uint8_t commandByte)
         m_mode = mode;
         return atOnce;
     }
-    outOfStep(kLineQuiet);
+    outOfStep(startsInsideFrame(mode) ? kHalfFrameQuiet : kLineQuiet);
     return false;
 }
 

@@ -95,14 +95,9 @@ TEST(PointNames, AreCheckedAgainstTheBoardsRange)
 
 TEST(OctalDigits, AreConvertedOnePositionOnly)
 {
-    EXPECT_EQ(Dec2Octal(15), 17);
-    EXPECT_EQ(Dec2Octal(63), 77);
-    EXPECT_EQ(Dec2Octal(64), 80);
-    EXPECT_EQ(Dec2Octal(100), 124);
-    EXPECT_EQ(Dec2Octal(26215), 32767);
+    for (const auto& [number, octal] : {std::pair(15, 17), {63, 77}, {64, 80}, {26215, 32767}})
+        EXPECT_EQ(Dec2Octal(static_cast<std::int16_t>(number)), octal);
     EXPECT_THROW(Dec2Octal(26216), std::overflow_error);
-    EXPECT_EQ(Octal2Dec(17), 15);
-    EXPECT_EQ(Octal2Dec(77), 63);
-    EXPECT_EQ(Octal2Dec(80), 64);
-    EXPECT_EQ(Octal2Dec(144), 116);
+    for (const auto& [octal, number] : {std::pair(17, 15), {77, 63}, {80, 64}, {144, 116}})
+        EXPECT_EQ(Octal2Dec(static_cast<std::int16_t>(octal)), number);
 }

@@ -81,8 +81,6 @@ TEST(LinkObserver, IsToldWhatPassesAndWhatItMeans)
              rig.link.CloseRSComm();
          },
          "box:WARNING attention!none>255/5000++ read:B5100=0! closed"},
-        {"refused", [](LinkRig& rig) { rig.link.RSWrite("B5100", "x"); },
-         "box:ENTRY A wrote:B5100=x!"},
         {"limit switch", [](LinkRig& rig) { rig.link.PLSScaleFactor(); },
          "attention>255<85/2 mode>24<85/2 next>85<104/2 next>85<1/2"},
         {"opened", [](LinkRig& rig) { rig.open(); }, "closed attention>255<85/2 open"},

@@ -65,18 +65,21 @@ TEST(ProgramFiles, EveryBoardTypeIsTakenOrRefusedAsItsKindIs)
         bool valid, configured;
         OperatorBox box;
     };
-    const OperatorBox limitSwitch = {BoxIcon::Information, BoxButtons::Ok, "PLS Program Download",
-                                     "press.v2 file is a PLS target board program.\r\n"
-                                     "Open PLS program to download to target board.\r\n\r\n"
-                                     "Program Downloaded Halted."};
-    const OperatorBox incompatible = {BoxIcon::Critical, BoxButtons::Ok, "Program Download",
-                                      "press.v2 file is incompatible with target board.\r\n\r\n"
-                                      "Program Downloaded Halted!"};
+    const std::string name = "press.v2 file is ";
     const Case cases[] = {
         {"23456BD", true, false, {}},
         {"8:;<=A", true, true, {}},
-        {"7>?@CE", false, false, limitSwitch},
-        {"019FG", false, false, incompatible},
+        {"7>?@CE",
+         false,
+         false,
+         {BoxIcon::Information, BoxButtons::Ok, "PLS Program Download",
+          name + "a PLS target board program.\r\nOpen PLS program to download to target board."
+                 "\r\n\r\nProgram Downloaded Halted."}},
+        {"019FG",
+         false,
+         false,
+         {BoxIcon::Critical, BoxButtons::Ok, "Program Download",
+          name + "incompatible with target board.\r\n\r\nProgram Downloaded Halted!"}},
     };
     for (const Case& c : cases) {
         for (const char type : c.types) {
@@ -88,9 +91,8 @@ TEST(ProgramFiles, EveryBoardTypeIsTakenOrRefusedAsItsKindIs)
             set.check();
             EXPECT_EQ(set.files.ValidProgram(), c.valid);
             EXPECT_EQ(set.files.hasConfiguration() && c.valid, c.configured);
-            if (c.valid)
-                EXPECT_TRUE(set.person.boxes.empty());
-            else
+            EXPECT_EQ(set.person.boxes.empty(), c.valid);
+            if (!c.valid)
                 expectOnlyBox(set.person, c.box);
         }
     }

@@ -184,15 +184,6 @@ TEST(ProgramDownload, ProgressFollowsTheRecordsAndTheStartOfTheNewProgram)
     EXPECT_EQ(rig.lastText(), kComplete);
 }
 
-TEST(ProgramDownload, ABoardThatRefusesProgramModeIsReported)
-{
-    DownloadRig rig;
-    rig.link.DumpProgram([&] { rig.board.poke(8181, 0); }); // it forgets the request
-    EXPECT_EQ(rig.person.boxes[1].text, "Cannot Set PLC Mode Within Target Board.");
-    EXPECT_EQ(rig.lastText(), kNotComplete);
-    EXPECT_EQ(rig.board.program().recordsTaken, 0u);
-}
-
 // Every kind of line fault at every byte: the download says what came of it, and says the truth.
 TEST(ProgramDownload, EveryFaultAtEveryByteEndsInATrueReport)
 {

@@ -1,14 +1,11 @@
 // The simulated board's edges that no test of the link or of a transfer comes to.
 
-#include "simulator/board_image.h"
 #include "simulator/memory_map.h"
-#include "simulator/sample_program.h"
 #include "simulator/simulated_board.h"
 
 #include <gtest/gtest.h>
 
 #include <iomanip>
-#include <set>
 #include <sstream>
 #include <utility>
 
@@ -85,23 +82,4 @@ TEST(BoardProtocol, AnswersWhatItExpectsAndNothingElse)
     const std::string halfRecord = "FF <55 03 <55 03 00 00 01 +501 01 00 05 09 <0F";
     EXPECT_EQ(loading.play(halfRecord), halfRecord);
     EXPECT_EQ(loading.board.program().bytes.byte(0), 0);
-}
-
-TEST(BoardImage, LabelsDifferAndLieInsideTheRangesTheControllerAccepts)
-{
-    const BoardMemory memory = makeBoardImage();
-    std::set<std::vector<std::uint8_t>> blocks;
-    for (int label = 0; label < kLabels; ++label) {
-        const auto block = memory.bytes().subspan(labelOn(label, 0), kLabelBlock);
-        blocks.emplace(block.begin(), block.end());
-        for (int ductor = 0; ductor < kDuctors; ++ductor) {
-            const int on = memory.byte(labelOn(label, ductor));
-            const int cycle = memory.word(labelCycle(label, ductor));
-            EXPECT_TRUE(on <= memory.byte(kMaxOn) && on <= cycle - 60) << label << '/' << ductor;
-            EXPECT_LE(cycle, memory.word(kMaxCycle)) << label << '/' << ductor;
-        }
-    }
-    EXPECT_GT(blocks.size(), 90U);
-    const auto bytes = SampleProgram().bytes();
-    EXPECT_EQ(std::set<int>(bytes.begin(), bytes.end()).size(), 256u);
 }

@@ -54,29 +54,6 @@ struct SweepRig : LinkRig
     }
 };
 
-/// The session as it goes on an undisturbed line.
-struct CleanRun
-{
-    Claim claim;
-    std::size_t exchanges = 0;
-    std::vector<std::uint8_t> before;
-    std::vector<std::uint8_t> after;
-    std::vector<char> own; ///< not 0: a place in the snapshot that the session writes
-
-    CleanRun(const Scenario& scenario, HalfFrames halves)
-    {
-        SweepRig rig(halves);
-        before = rig.snapshot();
-        WireWrites wire(rig.line);
-        claim = scenario.run(rig);
-        exchanges = rig.line.exchanges();
-        after = rig.snapshot();
-        std::ranges::transform(before, after, std::back_inserter(own), std::not_equal_to());
-        for (const WireWrite& write : wire.writes)
-            own[static_cast<std::size_t>(write.address)] = 1;
-    }
-};
-
 /// Plugged in again and opened, the link reads and writes as ever.
 bool worksAgain(SweepRig& rig)
 {
@@ -90,14 +67,31 @@ bool worksAgain(SweepRig& rig)
            rig.link.RSRead("B8159") == std::to_string(rig.board.peek(8159));
 }
 
+} // namespace
+
+CleanRun::CleanRun(const Scenario& scenario, HalfFrames halves)
+{
+    SweepRig rig(halves);
+    before = rig.snapshot();
+    WireWrites wire(rig.line);
+    claim = scenario.run(rig);
+    exchanges = rig.line.exchanges();
+    after = rig.snapshot();
+    std::ranges::transform(before, after, std::back_inserter(own), std::not_equal_to());
+    for (const WireWrite& write : wire.writes)
+        own[static_cast<std::size_t>(write.address)] = 1;
+}
+
+namespace {
+
 Ending judge(SweepRig& rig, const CleanRun& clean, const Claim& claim)
 {
     const std::vector<std::uint8_t> bytes = rig.snapshot();
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const bool stored = bytes == clean.after;
+    for (std::size_t i = 0; i < bytes.size() && !stored; ++i) {
         if (bytes[i] != clean.before[i] && clean.own[i] == 0)
             return Ending::Foreign;
     }
-    const bool stored = bytes == clean.after;
     if (!worksAgain(rig))
         return Ending::Stuck;
     if (!claim.done)
@@ -124,10 +118,9 @@ Ending runDisturbed(const Scenario& scenario, const CleanRun& clean, const LineF
 
 } // namespace
 
-EndingCounts sweepScenario(const Scenario& scenario, const NamedFault& fault, HalfFrames halves,
-                           std::size_t first, std::size_t stride)
+EndingCounts sweepScenario(const Scenario& scenario, HalfFrames halves, const CleanRun& clean,
+                           const NamedFault& fault, std::size_t first, std::size_t stride)
 {
-    const CleanRun clean(scenario, halves);
     EndingCounts counts{};
     for (std::size_t k = first; k < clean.exchanges; k += stride)
         ++counts[static_cast<std::size_t>(runDisturbed(scenario, clean, fault.fault, k, halves))];

@@ -5,6 +5,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace tambrix {
 
@@ -26,10 +28,21 @@ using EndingCounts = std::array<std::size_t, kEndings>;
 /// What a board does with a frame whose other half does not come.
 enum class HalfFrames { Dropped, Kept };
 
-/// Runs a scenario with `fault` at every exchange, or from the `first` on at every `stride`-th, and
-/// counts the endings.
-EndingCounts sweepScenario(const Scenario& scenario, const NamedFault& fault, HalfFrames halves,
-                           std::size_t first = 0, std::size_t stride = 1);
+/// A scenario as it goes on an undisturbed line: what is right.
+struct CleanRun
+{
+    CleanRun(const Scenario& scenario, HalfFrames halves);
+
+    Claim claim;
+    std::size_t exchanges = 0;
+    std::vector<std::uint8_t> before; ///< all that a session can change
+    std::vector<std::uint8_t> after;
+    std::vector<char> own; ///< not 0: a place in `before` that the session writes
+};
+
+/// Runs a scenario with `fault` at every `stride`-th exchange from `first` on; counts the endings.
+EndingCounts sweepScenario(const Scenario& scenario, HalfFrames halves, const CleanRun& clean,
+                           const NamedFault& fault, std::size_t first, std::size_t stride);
 
 /// Whether an ending is a fault of the program: never may it hang, crash or be stuck; where
 /// the board drops half frames no foreign register may change, and where no wrong byte came
