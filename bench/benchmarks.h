@@ -41,6 +41,13 @@ void reportPdf(const QString& program);
 /// That process.
 int reportProcess(int argc, char* argv[]);
 
+/// Comparing with the controller against an upload of the same entries; the tree of differences
+/// against a bare tree view. Runs in a process of its own.
+void datasetsCost(const QString& program);
+
+/// That process.
+int datasetsProcess(int argc, char* argv[]);
+
 /// The process of `windowCost()`: serves `device`; `started` is when it was started, on the
 /// monotonic clock in ns.
 int windowProcess(int argc, char* argv[], const QString& device, qint64 started);

@@ -30,6 +30,8 @@ int runBenchmarks(const QStringList& arguments)
             transferCost(QCoreApplication::applicationFilePath());
         if (wanted("report"))
             reportPdf(QCoreApplication::applicationFilePath());
+        if (wanted("datasets"))
+            datasetsCost(QCoreApplication::applicationFilePath());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "tambrix_bench: %s\n", failure.what());
         return 1;
@@ -39,7 +41,7 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-/// tambrix_bench [exchange|wire|download|window|screens|transfer|report]...
+/// tambrix_bench [exchange|wire|download|window|screens|transfer|report|datasets]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;
@@ -52,6 +54,8 @@ int main(int argc, char* argv[])
         return transferProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--report-process"))
         return reportProcess(argc, argv);
+    if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--datasets-process"))
+        return datasetsProcess(argc, argv);
     const QCoreApplication application(argc, argv);
     return runBenchmarks(QCoreApplication::arguments());
 }

@@ -1,6 +1,7 @@
 #include "app/appearance.h"
 #include "app/command_line.h"
 #include "app/window_memory.h"
+#include "datasets/datasets_tools.h"
 #include "demo/chapters.h"
 #include "help/help_desk.h"
 #include "maintenance/comm_port_dialog.h"
@@ -115,6 +116,7 @@ int runProgram(const CommandLine& line)
     std::optional<ProgramCommands> programs;
     MainWindow window(state, screens(), menuCommands(state, reports, help, programs));
     programs.emplace(state, window, window.backgroundPoll());
+    const DatasetsTools datasets(state, window);
 
     const bool demo = !line.demoFolder.isEmpty(); // leaves no trace on the user's machine
     std::optional<WindowMemory> memory;

@@ -18,6 +18,9 @@ Task demoScreens(DemoStage& stage);
 /// A whole press uploaded, saved, opened again and downloaded.
 Task demoData(DemoStage& stage);
 
+/// Three values changed on the press, compared, two of them restored and proved.
+Task demoCompare(DemoStage& stage);
+
 /// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
 Task demoMaintenance(DemoStage& stage);
 

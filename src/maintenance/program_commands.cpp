@@ -15,7 +15,8 @@ ProgramCommands::ProgramCommands(ProgramState& state, QWidget& mainWindow, QTime
 
 void ProgramCommands::downloadProgram()
 {
-    if (m_state.gLink.isBusy() || !m_state.offerOnline() || !pickProgram() || !downloadConfirmed())
+    if (m_state.gLink.isBusy() || !m_state.offerOnline() || !pickProgram() ||
+        !downloadConfirmed() || !m_state.mayDownload())
         return;
     m_backgroundPoll.stop();
     ProgramDownloadWindow(m_state, &m_mainWindow).exec();

@@ -88,19 +88,10 @@ bool FileCommands::load(const QString& path)
     m_state.gUploadNOW = today();
     const BoxAnswer answer = m_state.gFileBuffer.Version == m_state.gProgramVersion
                                  ? BoxAnswer::Yes
-                                 : askForOtherVersion();
+                                 : askForOtherVersion(m_state.prompts, m_state.gFileBuffer.Version);
     if (answer == BoxAnswer::Yes)
         acceptFile();
     return answer != BoxAnswer::No;
-}
-
-BoxAnswer FileCommands::askForOtherVersion()
-{
-    const QString version = QString::fromLatin1(m_state.gFileBuffer.Version);
-    return m_state.prompts.showMessage(
-        {BoxIcon::Question, BoxButtons::YesNoCancel, "TAMBRIX",
-         "File created by set-up program version: " + version.toStdString() +
-             "\r\nData tables may not be properly aligned.\r\n\r\nDo you wish to continue?"});
 }
 
 void FileCommands::acceptFile()
@@ -184,6 +175,14 @@ void FileCommands::setCaption(const QString& caption)
 {
     m_state.gFileNameCaption = caption;
     emit captionChanged();
+}
+
+BoxAnswer askForOtherVersion(Prompts& prompts, const std::string& version)
+{
+    return prompts.showMessage(
+        {BoxIcon::Question, BoxButtons::YesNoCancel, "TAMBRIX",
+         "File created by set-up program version: " + QString::fromLatin1(version).toStdString() +
+             "\r\nData tables may not be properly aligned.\r\n\r\nDo you wish to continue?"});
 }
 
 QString shiftDataReport(const ProgramState& state)

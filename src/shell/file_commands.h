@@ -50,7 +50,6 @@ signals:
 private:
     bool load(const QString& path);
     void sayGone(const QString& path);
-    BoxAnswer askForOtherVersion();
     void acceptFile();
     QString saveFolder() const;
     void setFileName(const QString& path);
@@ -60,6 +59,9 @@ private:
     ProgramState& m_state;
     RecentFiles m_recent;
 };
+
+/// Asks whether a file of another program version is to be used all the same.
+BoxAnswer askForOtherVersion(Prompts& prompts, const std::string& version);
 
 /// The text of a shift-data export; lines end in CR LF.
 QString shiftDataReport(const ProgramState& state);

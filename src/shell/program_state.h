@@ -12,6 +12,7 @@
 #include <QString>
 #include <QUndoStack>
 
+#include <functional>
 #include <optional>
 
 namespace tambrix {
@@ -98,6 +99,11 @@ public:
     bool simulated = false;    ///< the controller is the built-in one
     QString portName;          ///< of the device in use; empty: the settings' number says it
     QUndoStack undoStack;      ///< off-line edits of the working data that can be taken back
+
+    /// Asked before a download to the controller begins, on line and confirmed; false: it must
+    /// not. Empty: it may.
+    std::function<bool()> beforeDownload;
+    bool mayDownload() const { return !beforeDownload || beforeDownload(); }
 
     ReportSettings report;
 

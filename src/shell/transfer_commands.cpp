@@ -53,6 +53,8 @@ void transferData(ProgramState& state, QWidget& window, int requestCode)
         askLabels(state, window);
     if (state.labelRangeCancelled)
         return;
+    if (requestCode >= kDownload && !state.mayDownload())
+        return;
     const LabelRange labels{state.report.firstLabel, state.report.lastLabel, false};
     ProcessingDialog dialog(state, transferPlan(requestCode, labels), &window);
     dialog.exec();

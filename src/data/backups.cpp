@@ -1,0 +1,118 @@
+#include "data/backups.h"
+
+#include "data/setup_file.h"
+#include "data/whole_file.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace tambrix {
+
+namespace {
+
+constexpr std::size_t kKept = 50;
+constexpr qint64 kLongestNote = 64 * 1024;
+const QString kSuffix = QStringLiteral(".sdt");
+const QString kNote = QStringLiteral("last-restore.txt");
+
+/// A name that every file system takes: what Windows refuses becomes "_".
+QString fileNamePart(const QString& text)
+{
+    static const QRegularExpression refused(QStringLiteral(R"([\\/:*?"<>|\x00-\x1F\x7F])"));
+    QString name = text;
+    name.replace(refused, QStringLiteral("_"));
+    while (name.endsWith(u'.') || name.endsWith(u' '))
+        name.chop(1);
+    return name;
+}
+
+QString titleOf(const QDateTime& when, const QString& press)
+{
+    const QString time = when.toString(QStringLiteral("yyyy-MM-dd HH-mm-ss"));
+    return press.isEmpty() ? time : fileNamePart(time + u' ' + press);
+}
+
+bool isBackup(const QString& fileName)
+{
+    static const QRegularExpression ours(
+        QStringLiteral(R"(^\d{4}-\d\d-\d\d \d\d-\d\d-\d\d.*\.sdt$)"));
+    return ours.match(fileName).hasMatch();
+}
+
+/// Returns why there is no folder to write to.
+std::optional<QString> makeFolder(const QDir& folder)
+{
+    const QFileInfo place(folder.path());
+    if (place.exists() && !place.isDir())
+        return QStringLiteral("%1 is a file, not a folder.").arg(folder.path());
+    if (!folder.mkpath(QStringLiteral(".")))
+        return QStringLiteral("The folder %1 cannot be made.").arg(folder.path());
+    return std::nullopt;
+}
+
+} // namespace
+
+std::variant<QString, Refusal> Backups::save(const SetupDataRecord& record, const QDateTime& when,
+                                             const QString& press) const
+{
+    if (const auto reason = makeFolder(m_folder))
+        return Refusal{*reason};
+    const QString path = freePath(titleOf(when, press));
+    const auto failure = writeWholeFile(path, QByteArray::fromStdString(setupFileBytes(record)));
+    if (failure)
+        return Refusal{QStringLiteral("The backup cannot be saved as %1: %2.").arg(path, *failure)};
+    removeOldest();
+    return path;
+}
+
+/// Two backups within one second do not replace each other.
+QString Backups::freePath(const QString& title) const
+{
+    QString path = m_folder.filePath(title + kSuffix);
+    for (int copy = 2; QFileInfo::exists(path); ++copy)
+        path = m_folder.filePath(QStringLiteral("%1 (%2)%3").arg(title).arg(copy).arg(kSuffix));
+    return path;
+}
+
+std::vector<BackupFile> Backups::list() const
+{
+    std::vector<BackupFile> files;
+    for (const QString& name : m_folder.entryList(QDir::Files, QDir::Name | QDir::Reversed)) {
+        if (isBackup(name))
+            files.push_back({m_folder.filePath(name), QFileInfo(name).completeBaseName()});
+    }
+    return files;
+}
+
+void Backups::removeOldest() const
+{
+    const auto files = list();
+    for (std::size_t i = kKept; i < files.size(); ++i)
+        QFile::remove(files[i].path);
+}
+
+std::optional<QString> Backups::rememberRestore(const LastRestore& restore) const
+{
+    QByteArray note = QFileInfo(restore.backup).fileName().toUtf8() + '\n';
+    for (const std::string& address : restore.addresses)
+        note += QByteArray::fromStdString(address) + '\n';
+    return writeWholeFile(m_folder.filePath(kNote), note);
+}
+
+std::optional<LastRestore> Backups::lastRestore() const
+{
+    const auto note = readWholeFile(m_folder.filePath(kNote), kLongestNote);
+    if (!note)
+        return std::nullopt;
+    QStringList lines = QString::fromUtf8(*note).split(u'\n', Qt::SkipEmptyParts);
+    if (lines.isEmpty() || !isBackup(lines.front()))
+        return std::nullopt;
+    LastRestore restore{m_folder.filePath(lines.takeFirst()), {}};
+    if (!QFileInfo(restore.backup).isFile())
+        return std::nullopt;
+    for (const QString& line : lines)
+        restore.addresses.push_back(line.trimmed().toStdString());
+    return restore;
+}
+
+} // namespace tambrix

@@ -1,0 +1,73 @@
+#include "datasets/datasets_tools.h"
+
+#include "data/press_name.h"
+#include "datasets/backup_dialog.h"
+#include "datasets/compare_window.h"
+#include "datasets/daily_backup_dialog.h"
+#include "shell/tools_menu.h"
+
+#include <QStatusBar>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kTipTime = 15'000; // ms
+
+} // namespace
+
+DatasetsTools::DatasetsTools(ProgramState& state, MainWindow& window)
+    : QObject(&window), m_state(state), m_window(window), m_daily(state)
+{
+    ToolsMenu& menu = window.tools();
+    menu.addCommand({QStringLiteral("&Compare and Restore..."), QStringLiteral("mnuToolsCompare"),
+                     QKeySequence(Qt::CTRL | Qt::Key_R), [this] { compare(); }});
+    menu.addOption({QStringLiteral("&Back Up Before Every Download"),
+                    QStringLiteral("mnuToolsBackUpFirst"),
+                    {},
+                    {}},
+                   [this](bool on) {
+                       m_state.beforeDownload = {};
+                       if (on)
+                           m_state.beforeDownload = [this] {
+                               return backUpBeforeDownload(m_state, &m_window);
+                           };
+                   });
+    menu.addCommand(
+        {QStringLiteral("&Daily Backup..."), QStringLiteral("mnuToolsDailyBackup"), {}, [this] {
+             askDailyBackup();
+         }});
+    menu.addCommand(
+        {QStringLiteral("&Press Name..."), QStringLiteral("mnuToolsPressName"), {}, [this] {
+             askPressName();
+         }});
+    connect(&m_daily, &DailyBackup::told, &window,
+            [&window](const QString& line) { window.statusBar()->showMessage(line, kTipTime); });
+}
+
+void DatasetsTools::compare()
+{
+    CompareWindow(m_state, &m_window).exec();
+}
+
+void DatasetsTools::askPressName()
+{
+    const auto name = m_state.prompts.askText(
+        QStringLiteral("Press Name"), QStringLiteral("Name of this press, for its backups:"),
+        pressName(m_state.dataRoot));
+    if (!name)
+        return;
+    if (const auto failure = setPressName(m_state.dataRoot, *name))
+        m_state.prompts.showMessage(
+            {BoxIcon::Warning, BoxButtons::Ok, "Press Name",
+             "The name could not be kept.\r\n\r\n" + failure->toStdString()});
+}
+
+void DatasetsTools::askDailyBackup()
+{
+    DailyBackupDialog dialog(m_daily.time(), &m_window);
+    if (dialog.exec() == QDialog::Accepted)
+        m_daily.setTime(dialog.time());
+}
+
+} // namespace tambrix

@@ -1,0 +1,79 @@
+#include "demo/chapters.h"
+#include "simulator/memory_map.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kLabel = 3;
+constexpr int kDuctor = 2;
+const QString kFile = QStringLiteral("press.sdt");
+
+/// A row of the tree by its titles from the top; the last one ticked or unticked.
+void tick(QAbstractItemModel& tree, const QStringList& titles, Qt::CheckState state)
+{
+    QModelIndex row;
+    for (const QString& title : titles) {
+        const QModelIndex parent = row;
+        for (int r = 0; r < tree.rowCount(parent); ++r) {
+            if (tree.index(r, 0, parent).data().toString().startsWith(title))
+                row = tree.index(r, 0, parent);
+        }
+    }
+    tree.setData(row, state, Qt::CheckStateRole);
+}
+
+std::function<bool()> summaryHas(DemoStage& stage, const char* text)
+{
+    return [&stage, text] {
+        return stage.isInFront("frmCompare") &&
+               stage.control<QLabel>("lblSummary").text().contains(QLatin1String(text)) &&
+               stage.control<QPushButton>("cmdCompare").isEnabled();
+    };
+}
+
+/// Somebody has changed three values on the press.
+void changeThree(SimulatedBoard& board)
+{
+    const std::uint16_t on = memory_map::labelOn(kLabel, kDuctor);
+    board.poke(on, static_cast<std::uint8_t>(board.peek(on) + 5));
+    board.poke(static_cast<std::uint16_t>(on + 1),
+               static_cast<std::uint8_t>(board.peek(on + 1) + 4));
+    board.poke(memory_map::kColorGain, 90);
+}
+
+Task writeTwoOfThree(DemoStage& stage)
+{
+    auto& tree = *stage.control<QTreeView>("treCompare").model();
+    tick(tree, {"Labels", QStringLiteral("Label %1").arg(kLabel), "Ductor 4 ON"}, Qt::Unchecked);
+    stage.press("cmdWrite");
+    co_await stage.step("Two of them are restored and proved", "compare-restored",
+                        summaryHas(stage, "2 written, 2 verified"));
+    stage.press("cmdClose");
+    co_await stage.step({}, {}, [&stage] { return &stage.frontWindow() == &stage.window(); });
+}
+
+} // namespace
+
+Task demoCompare(DemoStage& stage)
+{
+    co_await stage.goOnline();
+    stage.triggerMenu("mnuFileUpload(0)");
+    co_await stage.answerBox("Data Upload", "Yes", {});
+    co_await stage.step({}, {}, [&stage] { return &stage.frontWindow() == &stage.window(); });
+    changeThree(stage.board());
+    stage.triggerMenu("mnuToolsCompare");
+    co_await stage.waitForWindow("frmCompare", "Compare and Restore", {});
+    stage.press("cmdCompare");
+    co_await stage.step("Every value that differs is listed", "compare",
+                        summaryHas(stage, "differ"));
+    co_await writeTwoOfThree(stage);
+    co_await stage.goOffline();
+}
+
+} // namespace tambrix

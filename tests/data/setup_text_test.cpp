@@ -1,0 +1,81 @@
+#include "data/setup_text.h"
+
+#include <gtest/gtest.h>
+
+using namespace tambrix;
+
+namespace {
+
+SetupDataRecord hostile()
+{
+    SetupDataRecord record = defaultSetupData("=1+1,\"x\"\n");
+    record.Value[20] = -2147483647;
+    record.Value[21] = 2147483647;
+    record.Address[30].clear();
+    record.Address[31] = "=cmd|' /C'!A0";
+    record.Address[32] = "a,\"b\"\t\r\nc";
+    return record;
+}
+
+QString faultOf(const std::variant<SetupDataRecord, TextFault>& result)
+{
+    const auto* fault = std::get_if<TextFault>(&result);
+    return fault != nullptr ? fault->sentence() : QString();
+}
+
+} // namespace
+
+TEST(SetupText, ReadsBackWhatItWrote)
+{
+    const SetupDataRecord record = hostile();
+    EXPECT_EQ(std::get<SetupDataRecord>(readSetupCsv(setupCsv(record))), record);
+    EXPECT_EQ(std::get<SetupDataRecord>(readSetupJson(setupJson(record))), record);
+    EXPECT_TRUE(setupCsv(defaultSetupData("V"))
+                    .startsWith("TAMBRIX data set,1,V\r\nEntry,Name,Register,Unit,Value\r\n"));
+}
+
+TEST(SetupText, RefusesWithLineAndColumn)
+{
+    struct Case
+    {
+        const char* from;
+        const char* to;
+        const char* csv;
+        const char* json;
+    };
+    const Case cases[] = {
+        {"W690,0.1 cans,500\r\n", "W690,0.1 cans,\"1,500\"\r\n",
+         "Line 11, column 40: no plain whole number.", nullptr},
+        {"W690,0.1 cans,500\r\n", "W690,0.1 cans,50.0\r\n",
+         "Line 11, column 40: no plain whole number.", nullptr},
+        {"W690,0.1 cans,500\r\n", "W690,0.1 cans,1,500\r\n", "Line 11, column 42: 6 fields, not 5.",
+         nullptr},
+        {"8,Maximum", "7,Maximum", "Line 11, column 1: entry 8 is expected here.", nullptr},
+        {"8,Maximum", "8,\"Maximum", "Line 17, column 5: a quote in the middle of a field.",
+         nullptr},
+        {"data set,1", "data set,2", "Line 1, column 18: a format that this program does not know.",
+         nullptr},
+        {"\"W690\", \"unit\": \"0.1 cans\", \"value\": 500",
+         "\"W690\", \"unit\": \"0.1 cans\", \"value\": 1,500", nullptr, "Line 14, column "},
+        {"\"W690\", \"unit\": \"0.1 cans\", \"value\": 500",
+         "\"W690\", \"unit\": \"0.1 cans\", \"value\": 50.5", nullptr,
+         "Line 14, column 1: entry 8: no plain whole number."},
+        {"{\"entry\": 8,", "{\"entry\": 9,", nullptr, "entry 8: missing, or not in its place."},
+    };
+    const SetupDataRecord record = defaultSetupData("V");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.to);
+        if (c.csv != nullptr) {
+            EXPECT_EQ(faultOf(readSetupCsv(setupCsv(record).replace(c.from, c.to))).toStdString(),
+                      c.csv);
+        }
+        if (c.json != nullptr) {
+            const QString fault = faultOf(readSetupJson(setupJson(record).replace(c.from, c.to)));
+            EXPECT_TRUE(fault.contains(c.json)) << fault.toStdString();
+        }
+    }
+    EXPECT_EQ(faultOf(readSetupCsv(setupCsv(record).chopped(40))).contains("Line 1616"), true);
+    EXPECT_FALSE(faultOf(readSetupCsv(QByteArray(1'000'000, '\n'))).isEmpty());
+    EXPECT_FALSE(faultOf(readSetupCsv(QByteArray(5'000'000, 'x'))).isEmpty());
+    EXPECT_FALSE(faultOf(readSetupJson("[]")).isEmpty());
+}
