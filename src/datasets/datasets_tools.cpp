@@ -6,6 +6,7 @@
 #include "datasets/daily_backup_dialog.h"
 #include "shell/tools_menu.h"
 
+#include <QAction>
 #include <QStatusBar>
 
 namespace tambrix {
@@ -41,8 +42,30 @@ DatasetsTools::DatasetsTools(ProgramState& state, MainWindow& window)
         {QStringLiteral("&Press Name..."), QStringLiteral("mnuToolsPressName"), {}, [this] {
              askPressName();
          }});
+    menu.addSeparator();
+    addUndo();
     connect(&m_daily, &DailyBackup::told, &window,
             [&window](const QString& line) { window.statusBar()->showMessage(line, kTipTime); });
+}
+
+/// Undo and redo of what was changed in the working data, with what it was in their captions.
+void DatasetsTools::addUndo()
+{
+    QUndoStack& stack = m_state.undoStack;
+    QAction* undo =
+        m_window.tools().addCommand({QStringLiteral("&Undo"), QStringLiteral("mnuToolsUndo"),
+                                     QKeySequence(QKeySequence::Undo), [&stack] { stack.undo(); }});
+    QAction* redo =
+        m_window.tools().addCommand({QStringLiteral("&Redo"), QStringLiteral("mnuToolsRedo"),
+                                     QKeySequence(QKeySequence::Redo), [&stack] { stack.redo(); }});
+    undo->setEnabled(false);
+    redo->setEnabled(false);
+    connect(&stack, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    connect(&stack, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    connect(&stack, &QUndoStack::undoTextChanged, undo,
+            [undo](const QString& what) { undo->setText(QStringLiteral("&Undo ") + what); });
+    connect(&stack, &QUndoStack::redoTextChanged, redo,
+            [redo](const QString& what) { redo->setText(QStringLiteral("&Redo ") + what); });
 }
 
 void DatasetsTools::compare()

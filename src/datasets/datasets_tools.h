@@ -16,6 +16,7 @@ public:
     DailyBackup& dailyBackup() { return m_daily; }
 
 private:
+    void addUndo();
     void compare();
     void askPressName();
     void askDailyBackup();
