@@ -83,7 +83,7 @@ private:
     std::unique_ptr<Restore> m_restore;
     std::vector<RestoreRow> m_rows; ///< of the last write
     QString m_backup;               ///< that was made before it
-    QString m_summary;
+    QString m_summary = QStringLiteral("Choose what to compare on the left and on the right.");
     bool m_cancelled = false;
     CooperativeLoop m_loop; // last: its frame is gone before anything that it uses
 };

@@ -139,6 +139,7 @@ void CompareWindow::showProgress(const QString& what, int done, int total)
 void CompareWindow::showEnd()
 {
     m_shownWork.clear();
+    m_progress->reset();
     m_tree.refresh();
     showState();
 }

@@ -129,6 +129,7 @@ QHBoxLayout* CompareWindow::buildProgress()
     m_progress = new QProgressBar;
     m_progress->setObjectName(QStringLiteral("prgCompare"));
     m_progress->setAccessibleName(QStringLiteral("Progress"));
+    m_progress->setTextVisible(false); // the line above says more
     m_progress->setEnabled(false);
     m_progress->setValue(0);
     auto* row = new QHBoxLayout;
