@@ -1,7 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
+#include "bench/figures.h"
 #include "bench/link_under_test.h"
-#include "bench/report.h"
 #include "data/controller_reading.h"
 #include "datasets/compare_tree.h"
 

@@ -212,7 +212,20 @@ Task CompareSession::restoreTask(std::vector<RestoreRow> rows)
     }
     m_rows = m_restore->rows();
     m_comparison->setOutcome(m_rows);
+    noteFound();
     finish(restoreSummary());
+}
+
+/// What was read back is what the next write finds: only a change after that is one.
+void CompareSession::noteFound()
+{
+    for (const RestoreRow& row : m_rows) {
+        const bool read = row.state == WriteState::Verified || row.state == WriteState::Different;
+        const auto& addresses = m_rightData.Address;
+        const auto place = std::find(addresses.begin(), addresses.end(), row.address);
+        if (read && place != addresses.end())
+            m_rightData.Value[static_cast<std::size_t>(place - addresses.begin())] = row.found;
+    }
 }
 
 void CompareSession::takeIntoWorkingData()

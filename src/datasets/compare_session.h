@@ -69,6 +69,7 @@ private:
     void finish(const QString& summary);
     void showComparison(const SetupDataRecord& left, const SetupDataRecord& right);
     bool changedSince(const SetupDataRecord& now, const std::vector<RestoreRow>& rows);
+    void noteFound();
     QString backUp(const SetupDataRecord& record, const std::vector<RestoreRow>& rows);
     QString verdict() const;
     QString restoreSummary() const;

@@ -32,9 +32,11 @@ QColor stateColor(const ComparedEntry& entry)
 {
     const Tones& tones = tonesOf(QApplication::palette());
     if (entry.outcome) {
-        if (entry.outcome->state == WriteState::Verified)
+        const WriteState state = entry.outcome->state;
+        if (state == WriteState::Verified)
             return tones.good;
-        return entry.outcome->state == WriteState::NotWritten ? tones.unusual : tones.alarm;
+        const bool open = state == WriteState::NotWritten || state == WriteState::Written;
+        return open ? tones.unusual : tones.alarm;
     }
     if (entry.concern.kind == Concern::Kind::LabelNumber)
         return tones.dim;

@@ -27,11 +27,18 @@ using Kind = DatasetSource::Kind;
 
 constexpr std::size_t kShownBackups = 10;
 
+/// What the controller stores, as far as it is known: read back after a write, else compared.
+std::optional<std::int32_t> storedValue(const ComparedEntry& entry)
+{
+    const bool verified = entry.outcome && entry.outcome->state == WriteState::Verified;
+    return verified ? entry.outcome->value : entry.right;
+}
+
 QString runningNote(const Comparison& comparison)
 {
     for (int i = kLabelSlot; i <= gDataUpperBound; ++i) {
         const ComparedEntry& entry = comparison.entries()[static_cast<std::size_t>(i)];
-        if (entry.running && entry.right && entry.running != entry.right)
+        if (entry.running && entry.right && entry.running != storedValue(entry))
             return QStringLiteral(
                        "Label %1 runs with other values than are stored for it: it takes "
                        "over the stored ones when it is loaded again.")
@@ -113,8 +120,6 @@ void CompareWindow::showComparison()
     m_tree.setSides(m_session.left.columnTitle(), m_session.right.columnTitle());
     m_tree.show(m_session.comparison());
     m_view->expandAll();
-    m_lblRunning->setText(runningNote(*m_session.comparison()));
-    m_lblRunning->setVisible(!m_lblRunning->text().isEmpty());
     fillSources();
 }
 
@@ -141,6 +146,9 @@ void CompareWindow::showEnd()
     m_shownWork.clear();
     m_progress->reset();
     m_tree.refresh();
+    if (m_session.comparison() != nullptr)
+        m_lblRunning->setText(runningNote(*m_session.comparison()));
+    m_lblRunning->setVisible(!m_lblRunning->text().isEmpty());
     showState();
 }
 
