@@ -69,11 +69,20 @@ void ProgramTransfer::DumpProgram(const ProgramFiles& files, const PendingEvents
     m_pendingEvents = {};
 }
 
+void ProgramTransfer::UploadProgram()
+{
+    m_progress.InUploadMode = true;
+    say(BoxIcon::Warning, "Program Upload", "HEX file not created.");
+    m_progress = {};
+}
+
 ProgramTransfer::Outcome ProgramTransfer::transfer(const ProgramFiles& files)
 {
     if (!files.ValidProgram())
         return halted(kTitle, std::string(kHalted) + "\r\n\r\nThere is no valid program file.");
+    m_progress.ReadingIdent = true;
     const auto inBoard = identityInBoard();
+    m_progress.ReadingIdent = false;
     if (!inBoard)
         return Outcome::NotComplete;
     if (!confirmed(files.identity(), *inBoard))

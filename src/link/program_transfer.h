@@ -13,6 +13,8 @@ namespace tambrix {
 struct TransferProgress
 {
     bool InProgramMode = false; ///< from the request for program mode to the end
+    bool InUploadMode = false;  ///< the same for the way back
+    bool ReadingIdent = false;  ///< the identity registers are being read
     bool WritingIdent = false;  ///< the identity registers are being written
     int recordsSent = 0;
     int records = 0;                     ///< of the whole image; 0 before it is sent
@@ -35,6 +37,10 @@ public:
     /// Asks the operator, loads the program of `files` and says how it ended. The whole image is
     /// read before the board is touched: a bad file never leaves it half loaded.
     void DumpProgram(const ProgramFiles& files, const PendingEvents& pendingEvents);
+
+    /// Would read the board's program back into an image file. No bytes are known by which a board
+    /// gives its program away, so it says that the file was not created and sends nothing.
+    void UploadProgram();
 
     const TransferProgress& progress() const { return m_progress; }
 

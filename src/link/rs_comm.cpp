@@ -232,6 +232,13 @@ void RSComm::DumpProgram(const PendingEvents& pendingEvents)
         m_transfer.DumpProgram(m_program, pendingEvents);
 }
 
+void RSComm::UploadProgram()
+{
+    const Call call(*this);
+    if (call)
+        m_transfer.UploadProgram();
+}
+
 /// Carries out one limit-switch operation; a neutral value comes from a call that comes in while
 /// the link is busy, or while it is broken.
 template <typename Operation> auto RSComm::onSwitch(Operation operation)

@@ -109,6 +109,10 @@ public:
     bool InProgramMode() const { return m_transfer.progress().InProgramMode; }
     int recordsSent() const { return m_transfer.progress().recordsSent; }
     int records() const { return m_transfer.progress().records; }
+    /// Says that no image file was created; see `ProgramTransfer`.
+    void UploadProgram();
+    bool InUploadMode() const { return m_transfer.progress().InUploadMode; }
+    bool ReadingIdent() const { return m_transfer.progress().ReadingIdent; }
     bool WritingIdent() const { return m_transfer.progress().WritingIdent; }
     /// Load address of the record under way, four hexadecimal digits and "H"; " " before any.
     std::string CurrentProgramAdd() const { return m_transfer.progress().CurrentProgramAdd; }

@@ -54,7 +54,9 @@ ProgramDownloadWindow::ProgramDownloadWindow(ProgramState& state, QWidget* paren
 void ProgramDownloadWindow::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    m_progress->setText(QStringLiteral("Sending Program at Address: "));
+    m_progress->setText(m_transferMode == kReadBack
+                            ? QStringLiteral("Reading Program at Address: ")
+                            : QStringLiteral("Sending Program at Address: "));
     CenterForm(*this);
     m_timer.start();
     QTimer::singleShot(0, this, &ProgramDownloadWindow::transfer); // the window paints first
@@ -62,7 +64,11 @@ void ProgramDownloadWindow::showEvent(QShowEvent* event)
 
 void ProgramDownloadWindow::transfer()
 {
-    m_state.gLink.DumpProgram([] { QCoreApplication::processEvents(); });
+    if (m_transferMode == kReadBack)
+        m_state.gLink.UploadProgram();
+    else
+        m_state.gLink.DumpProgram([] { QCoreApplication::processEvents(); });
+    m_transferMode = kSend;
     m_timer.stop();
     accept();
 }
@@ -70,12 +76,23 @@ void ProgramDownloadWindow::transfer()
 void ProgramDownloadWindow::showProgress()
 {
     const RSComm& link = m_state.gLink;
-    if (!link.InProgramMode())
+    if (m_transferMode == kReadBack)
+        showReading();
+    if (m_transferMode == kReadBack || !link.InProgramMode())
         return;
     showRecords();
     m_progress->setText(link.WritingIdent() ? QStringLiteral("Writing Program Ident ... ")
                                             : QStringLiteral("Writing to Program Address: ") +
                                                   fromLink(link.CurrentProgramAdd()));
+}
+
+void ProgramDownloadWindow::showReading()
+{
+    const RSComm& link = m_state.gLink;
+    if (link.InUploadMode())
+        m_progress->setText(link.ReadingIdent() ? QStringLiteral("Reading Program Ident ... ")
+                                                : QStringLiteral("Reading From Program Address: ") +
+                                                      fromLink(link.CurrentProgramAdd()));
 }
 
 /// The clock starts with the first record: what the operator was asked before it does not count.

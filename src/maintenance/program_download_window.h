@@ -21,6 +21,10 @@ class ProgramDownloadWindow : public QDialog
 public:
     explicit ProgramDownloadWindow(ProgramState& state, QWidget* parent = nullptr);
 
+    /// What the window is shown for: 0 sends the program to the board, 1 reads it back. To be set
+    /// before it is shown, and 0 again when it has ended.
+    void SetTransferMode(int mode) { m_transferMode = mode; }
+
     /// Closing it during the transfer is refused.
     void reject() override {}
 
@@ -28,12 +32,17 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    static constexpr int kSend = 0;
+    static constexpr int kReadBack = 1;
+
     void transfer();
     void showProgress();
+    void showReading();
 
     ProgramState& m_state;
     void showRecords();
 
+    int m_transferMode = kSend;
     QLabel* m_progress;
     QProgressBar* m_bar;
     QLabel* m_done; ///< what is done of what, and the time left

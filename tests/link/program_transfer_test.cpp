@@ -159,6 +159,18 @@ TEST(ProgramDownload, AWrongAcknowledgementEndsTheTransferAtOnce)
     EXPECT_EQ(rig.link.RSRead("B61424"), "68");
 }
 
+TEST(ProgramUpload, SaysThatThereIsNoFileAndSendsNothing)
+{
+    LinkRig rig;
+    rig.openQuietly();
+    rig.person.whileShown = [&rig] { EXPECT_TRUE(rig.link.InUploadMode()); };
+    rig.link.UploadProgram();
+    expectOnlyBox(rig.person,
+                  {BoxIcon::Warning, BoxButtons::Ok, "Program Upload", "HEX file not created."});
+    EXPECT_FALSE(rig.link.InUploadMode());
+    EXPECT_EQ(rig.trace, "");
+}
+
 TEST(ProgramDownload, ABadImageNeverReachesTheBoard)
 {
     DownloadRig rig(std::string(kThreeRecords) + ":0400100001020\r\n");
