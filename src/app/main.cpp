@@ -61,7 +61,8 @@ MenuCommands menuCommands(ProgramState& state, Reports& reports, HelpDesk& help,
     return commands;
 }
 
-/// Where this user's own settings are kept; the program folder may not be his to write to.
+/// Where this user's own settings are kept; the user may not be allowed to write to the program
+/// folder.
 QString userSettings()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +

@@ -20,7 +20,8 @@ struct LabelRange
 inline constexpr LabelRange kAllLabels{0, kLabels - 1, false};
 
 /// The range between two bounds as typed: rounded to whole labels, the upper one raised to the
-/// lower one, then both brought into 0 to 99. In that order: "150" to "120" ends as 99 to 99.
+/// lower one, then both brought into 0 to 99.
+/// kept: in that order, which users know: "150" to "120" ends as 99 to 99.
 LabelRange labelsBetween(const QString& from, const QString& to);
 
 } // namespace tambrix

@@ -11,7 +11,8 @@ int entriesOf(const LabelRange& labels)
     return kEntriesPerLabel * (labels.last - labels.first + 1);
 }
 
-/// `count` entries; the progress maximum is one more than that, as the bar has always had it.
+/// kept: the progress maximum is one more than the entries. Users know the bar that way; it closes
+/// one step short of its end.
 TransferPlan group(const char* caption, int first, int count)
 {
     return {QLatin1String(caption), first, first + count - 1, count + 1, false};

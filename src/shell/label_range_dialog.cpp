@@ -88,7 +88,7 @@ void LabelRangeDialog::ok()
     accept();
 }
 
-/// The two bounds: whoever goes there means a range of his own, and Enter goes on to the next
+/// The two bounds: a user who goes there means a range of labels, and Enter goes on to the next
 /// control instead of closing the dialog.
 bool LabelRangeDialog::eventFilter(QObject* watched, QEvent* event)
 {

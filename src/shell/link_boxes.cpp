@@ -7,6 +7,8 @@ namespace tambrix {
 
 namespace {
 
+constexpr int kLongestLook = 200; // ms for what the user did during the wait
+
 /// Lets nothing of the user's input through but what closes the main window.
 class ClosingOnly : public QObject
 {
@@ -44,7 +46,7 @@ BoxAnswer LinkBoxes::showMessage(const OperatorBox& box)
 {
     {
         const ClosingOnly filter;
-        QCoreApplication::processEvents();
+        QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestLook);
     }
     return m_person.showMessage(box);
 }

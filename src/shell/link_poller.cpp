@@ -74,7 +74,7 @@ Task LinkPoller::run()
     }
 }
 
-/// Each on-line look begins an on-line period of its own, also if nobody saw the other look.
+/// Each on-line look begins an on-line period of its own, also if the other look was never painted.
 void LinkPoller::followMode()
 {
     const Shown mode = m_state.canReachBoard() ? Shown::Online : Shown::Offline;

@@ -23,7 +23,7 @@ constexpr int kPollInterval = 500; // ms
 constexpr int kNextTry = 50;       // ms
 constexpr QSize kFirstSize(1280, 690);
 constexpr QSize kFrame(16, 40);          // about what the desktop puts around a window
-constexpr QSize kSmallestSize(800, 520); // below it the screens cannot be read
+constexpr QSize kSmallestSize(900, 540); // below it the screens cannot be read
 const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
 
 } // namespace
@@ -61,7 +61,7 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
         if (m_screen != nullptr)
             m_screen->reload();
     });
-    m_poll.setObjectName(QStringLiteral("tmrBackgroungUpdate"));
+    m_poll.setObjectName(QStringLiteral("tmrBackgroungUpdate")); // kept: the control's own name
     m_poll.setInterval(kPollInterval);
     connect(&m_poll, &QTimer::timeout, this, &MainWindow::poll);
 
@@ -146,12 +146,15 @@ SystemMessage MainWindow::pollMessage()
         m_state.alarmWord.reset();
         return offlineMessage(link.CommError);
     }
-    const int word = link.CommError ? 0 : std::stoi(link.RSRead(reg::kAlarms.address));
+    if (!link.CommError) {
+        const int word = std::stoi(link.RSRead(reg::kAlarms.address));
+        // kept: a read that failed gives "0"; that is no all-clear, the last alarms stay.
+        if (link.readSucceeded())
+            m_state.alarmWord = word;
+    }
     if (link.CommError)
         m_state.alarmWord.reset();
-    else if (link.readSucceeded())
-        m_state.alarmWord = word;
-    return onlineMessage(word);
+    return onlineMessage(m_state.alarmWord.value_or(0));
 }
 
 void MainWindow::editPasscode()

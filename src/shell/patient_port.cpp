@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr Duration kUnnoticed = 100ms;    // a wait that nobody sees
+constexpr Duration kUnnoticed = 100ms;    // too short to be seen
 constexpr Duration kPaintInterval = 20ms; // how often the window may paint after that
 
 class WaitCursor

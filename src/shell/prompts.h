@@ -18,9 +18,9 @@ struct FileQuestion
     QString suffix; ///< without point; goes to a name that is saved without any
 };
 
-/// Everything that the program asks a person: message boxes (the link's too), input boxes and
+/// Everything that the program asks the user: message boxes (the link's too), input boxes and
 /// file dialogs.
-/// Tests put a scripted person in its place, who records every text and title.
+/// Tests put a scripted user in its place, which records every text and title.
 class Prompts : public Operator
 {
 public:

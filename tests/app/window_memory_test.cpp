@@ -1,6 +1,5 @@
 #include "app/window_memory.h"
 
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QWidget>
 
@@ -37,11 +36,4 @@ TEST_F(WindowMemoryTest, AWindowComesBackWhereItWas)
     EXPECT_EQ(openedAt(place).size(), QSize(400, 300)); // nothing is known yet
     EXPECT_EQ(openedAt(), place);
     EXPECT_EQ(openedAt(), place); // and stays there
-}
-
-TEST_F(WindowMemoryTest, ADamagedFileMeansAFirstRun)
-{
-    openedAt(QRect(120, 90, 512, 384));
-    QSettings(ini, QSettings::IniFormat).setValue("MainWindowGeometry", QByteArray("\1\2\3"));
-    EXPECT_EQ(openedAt().size(), QSize(400, 300));
 }

@@ -1,14 +1,12 @@
 #include "data/bulk_transfer.h"
 
 #include "tests/support/board_bytes.h"
+#include "tests/support/line_faults.h"
 #include "tests/support/press_rig.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 using namespace tambrix;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -71,21 +69,6 @@ struct TransferRig : PressRig
     std::vector<EntryFinding> findings;
 };
 
-struct Fault
-{
-    const char* name;
-    LineFault fault;
-};
-
-constexpr std::array kFaults = {
-    Fault{"request lost", {Kind::LoseRequest, 0, {}}},
-    Fault{"reply lost", {Kind::LoseReply, 0, {}}},
-    Fault{"reply changed", {Kind::ChangeReply, 0x01, {}}},
-    Fault{"reply late", {Kind::DelayReply, 0, 1500ms}},
-    Fault{"reply doubled", {Kind::DoubleReply, 0, {}}},
-    Fault{"port gone", {Kind::Unplug, 0, {}}},
-};
-
 using Check = std::function<void(TransferRig& rig, const TransferRig& undisturbed, bool failed)>;
 
 /// Every fault at every exchange of one label's transfer.
@@ -95,25 +78,18 @@ void sweep(int code, const Check& check)
     EXPECT_FALSE(undisturbed.run(code));
     const std::size_t exchanges = undisturbed.line.exchanges();
     ASSERT_GT(exchanges, 40U);
-    for (const Fault& fault : kFaults) {
-        for (std::size_t k = 0; k < exchanges; ++k) {
-            SCOPED_TRACE(std::string(fault.name) + " at exchange " + std::to_string(k));
-            TransferRig rig;
-            rig.line.setFault(k, fault.fault);
-            const bool failed = rig.run(code);
-            EXPECT_EQ(failed, fault.fault.kind == Kind::Unplug) << "whether the user is told";
-            EXPECT_EQ(rig.person.boxes.size(), failed ? 1U : 0U);
-            EXPECT_TRUE(rig.findings.empty()) << "a single fault is made good";
-            // The line has no checksum: one data byte changed or doubled on its way looks like
-            // any other. All else is noticed.
-            const bool credible =
-                fault.fault.kind == Kind::ChangeReply || fault.fault.kind == Kind::DoubleReply;
-            EXPECT_GE(rig.soundEntries(), credible ? kEntries - 1 : kEntries);
-            check(rig, undisturbed, failed);
-            if (testing::Test::HasFailure())
-                return;
-        }
-    }
+    sweepFaults(exchanges, [&](std::size_t k, const NamedFault& fault) {
+        TransferRig rig;
+        rig.line.setFault(k, fault.fault);
+        const bool failed = rig.run(code);
+        EXPECT_EQ(failed, fault.portDies()) << "whether the user is told";
+        EXPECT_EQ(rig.person.boxes.size(), failed ? 1U : 0U);
+        EXPECT_TRUE(rig.findings.empty()) << "a single fault is made good";
+        // The line has no checksum: one data byte changed or doubled on its way looks like
+        // any other. All else is noticed.
+        EXPECT_GE(rig.soundEntries(), fault.bringsWrongByte() ? kEntries - 1 : kEntries);
+        check(rig, undisturbed, failed);
+    });
 }
 
 } // namespace
