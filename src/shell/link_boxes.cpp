@@ -1,5 +1,6 @@
 #include "shell/link_boxes.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QKeyEvent>
 
@@ -46,6 +47,8 @@ BoxAnswer LinkBoxes::showMessage(const OperatorBox& box)
 {
     {
         const ClosingOnly filter;
+        // Held-back input wakes nobody: without this call it would not be looked for.
+        QAbstractEventDispatcher::instance()->wakeUp();
         QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestLook);
     }
     return m_person.showMessage(box);
