@@ -1,5 +1,6 @@
 #include "shell/mode_toggle.h"
 
+#include "controls/calm_style.h"
 #include "controls/picture.h"
 #include "controls/text_size.h"
 #include "controls/tones.h"
@@ -39,7 +40,7 @@ QSize ModeToggle::sizeHint() const
 {
     const int grid = gridOf(font());
     return {fontMetrics().horizontalAdvance(kOffline) + 9 * grid,
-            std::max(fontMetrics().height() + 2 * grid, 32)};
+            std::max(fontMetrics().height() + 2 * grid, CalmStyle::largeControls() ? 40 : 32)};
 }
 
 void ModeToggle::paintEvent(QPaintEvent*)

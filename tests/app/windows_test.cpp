@@ -1,6 +1,7 @@
 // Every window as a person sees it, and as a screen reader tells it.
 
 #include "app/appearance.h"
+#include "controls/calm_style.h"
 #include "controls/cut_texts.h"
 #include "controls/lamp.h"
 #include "controls/value_label.h"
@@ -19,6 +20,8 @@
 #include "shell/processing_dialog.h"
 #include "tests/support/window_rig.h"
 
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QGroupBox>
@@ -35,17 +38,19 @@ template <typename Concrete> ScreenFactory screen()
 }
 
 /// The whole program in front of a press whose registers hold the widest values that they can.
-class Windows : public testing::TestWithParam<double>
+struct WholeProgram
 {
-protected:
-    Windows()
+    QFont m_font;
+    WindowRig rig;
+
+    explicit WholeProgram(double fontFactor = 1)
         : m_font(QApplication::font()),
           rig({screen<MainDisplay>(), screen<SetupScreen>(), screen<ShiftDataScreen>(),
                screen<ColorControlScreen>(), screen<IoStatusScreen>()})
     {
         applyAppearance(false, Theme::Light);
         QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * GetParam());
+        font.setPointSizeF(font.pointSizeF() * fontFactor);
         QApplication::setFont(font);
         for (int word = 162; word < 190; word += 2)
             rig.board.pokeWord(static_cast<std::uint16_t>(word), 65535);
@@ -58,7 +63,7 @@ protected:
         rig.state.gWorkingData.Value[3] = 2147483647;
     }
 
-    ~Windows() override { QApplication::setFont(m_font); }
+    ~WholeProgram() { QApplication::setFont(m_font); }
 
     void show(int index, QSize size)
     {
@@ -68,9 +73,18 @@ protected:
     }
 
     static constexpr int kTurnsOfAPass = 80;
+};
 
-    QFont m_font;
-    WindowRig rig;
+class Windows : public testing::TestWithParam<double>
+{
+protected:
+    void show(int index, QSize size) { m_program.show(index, size); }
+
+private:
+    WholeProgram m_program{GetParam()};
+
+protected:
+    WindowRig& rig = m_program.rig;
 };
 
 std::vector<std::unique_ptr<QWidget>> dialogs(ProgramState& state)
@@ -187,4 +201,59 @@ TEST_P(Windows, SayInPicturesWhatTheTextsBesideThemSay)
     for (int d = 0; d < kDuctors; ++d)
         EXPECT_EQ(picture(arrayName("picDuctor", d)), "not known");
     EXPECT_EQ(picture("picAlarm"), "Off line: alarms are not known");
+}
+
+namespace {
+
+QStringList* s_announced = nullptr;
+
+void note(QAccessibleEvent* event)
+{
+    if (event->type() == QAccessible::Alert)
+        s_announced->push_back(event->object()->objectName());
+}
+
+} // namespace
+
+TEST(WholeProgramTest, AnnouncesAlarmsAndTheMode)
+{
+    const WholeProgram program;
+    const WindowRig& rig = program.rig;
+    QStringList announced;
+    s_announced = &announced;
+    QAccessible::setActive(true);
+    QAccessible::installUpdateHandler(note);
+    rig.window->goOnline();
+    EXPECT_TRUE(PressRig::eventually([&] { return announced.contains("picAlarm"); }));
+    EXPECT_EQ(announced.count("btnMode"), 1);
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::setActive(false);
+}
+
+/// A finger needs 10 mm.
+TEST(WholeProgramTest, IsMadeForFingersWithLargeControls)
+{
+    WholeProgram program;
+    CalmStyle::setLargeControls(true);
+    const auto expectLarge = [](const QWidget& window) {
+        for (const QWidget* control : window.findChildren<QWidget*>()) {
+            const bool pressed = qobject_cast<const QAbstractButton*>(control) != nullptr ||
+                                 qobject_cast<const QAbstractSpinBox*>(control) != nullptr;
+            if (pressed && control->isVisible() && control->width() > 1) {
+                EXPECT_GE(control->height(), 40) << control->objectName().toStdString();
+                EXPECT_GE(control->width(), 40) << control->objectName().toStdString();
+            }
+        }
+    };
+    for (int index = 0; index < kScreens; ++index) {
+        program.show(index, {1280, 720});
+        expectLarge(*program.rig.window);
+        expectWhole(*program.rig.window, "large, screen " + std::to_string(index));
+    }
+    for (const auto& dialog : dialogs(program.rig.state)) {
+        dialog->show();
+        expectLarge(*dialog);
+        expectWhole(*dialog, dialog->metaObject()->className());
+    }
+    CalmStyle::setLargeControls(false);
 }
