@@ -1,5 +1,7 @@
 #include "app/appearance.h"
 #include "app/command_line.h"
+#include "app/first_run.h"
+#include "app/look_tools.h"
 #include "app/window_memory.h"
 #include "datasets/datasets_tools.h"
 #include "demo/chapters.h"
@@ -118,6 +120,9 @@ int runProgram(const CommandLine& line)
     MainWindow window(state, screens(), menuCommands(state, reports, help, programs));
     programs.emplace(state, window, window.backgroundPoll());
     const DatasetsTools datasets(state, window);
+
+    const FirstRun firstRun(state, line.simulate);
+    addLookTools(window, state.programFolder.path());
 
     const bool demo = !line.demoFolder.isEmpty(); // leaves no trace on the user's machine
     std::optional<WindowMemory> memory;

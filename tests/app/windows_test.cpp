@@ -203,33 +203,6 @@ TEST_P(Windows, SayInPicturesWhatTheTextsBesideThemSay)
     EXPECT_EQ(picture("picAlarm"), "Off line: alarms are not known");
 }
 
-namespace {
-
-QStringList* s_announced = nullptr;
-
-void note(QAccessibleEvent* event)
-{
-    if (event->type() == QAccessible::Alert)
-        s_announced->push_back(event->object()->objectName());
-}
-
-} // namespace
-
-TEST(WholeProgramTest, AnnouncesAlarmsAndTheMode)
-{
-    const WholeProgram program;
-    const WindowRig& rig = program.rig;
-    QStringList announced;
-    s_announced = &announced;
-    QAccessible::setActive(true);
-    QAccessible::installUpdateHandler(note);
-    rig.window->goOnline();
-    EXPECT_TRUE(PressRig::eventually([&] { return announced.contains("picAlarm"); }));
-    EXPECT_EQ(announced.count("btnMode"), 1);
-    QAccessible::installUpdateHandler(nullptr);
-    QAccessible::setActive(false);
-}
-
 /// A finger needs 10 mm.
 TEST(WholeProgramTest, IsMadeForFingersWithLargeControls)
 {
