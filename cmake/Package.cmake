@@ -7,7 +7,7 @@ else()
   set(TAMBRIX_FOLDER lib/tambrix)
 endif()
 
-install(TARGETS tambrix RUNTIME DESTINATION ${TAMBRIX_FOLDER})
+install(TARGETS tambrix tambrix_cli RUNTIME DESTINATION ${TAMBRIX_FOLDER})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/texts/Help DESTINATION ${TAMBRIX_FOLDER})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/texts/Support DESTINATION ${TAMBRIX_FOLDER} OPTIONAL)
 
@@ -26,8 +26,15 @@ else()
   set(icons ${CMAKE_SOURCE_DIR}/src/app/resources)
   install(CODE "
     file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
-    file(CREATE_LINK ../${TAMBRIX_FOLDER}/tambrix
-         \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/tambrix\" SYMBOLIC)")
+    foreach(program tambrix tambrix-cli)
+      file(CREATE_LINK ../${TAMBRIX_FOLDER}/\${program}
+           \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/\${program}\" SYMBOLIC)
+    endforeach()")
+  install(FILES ${CMAKE_SOURCE_DIR}/packaging/man/tambrix-cli.1
+          DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(DIRECTORY ${CMAKE_SOURCE_DIR}/packaging/systemd/ DESTINATION lib/systemd/system)
+  install(FILES ${CMAKE_SOURCE_DIR}/docs/many-presses.md
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tambrix)
   install(FILES ${CMAKE_SOURCE_DIR}/packaging/tambrix.desktop
           DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES ${CMAKE_SOURCE_DIR}/packaging/debian/copyright

@@ -2,7 +2,7 @@
 
 #include "controls/named_controls.h"
 #include "link/lenient_number.h"
-#include "maintenance/board_codes.h"
+#include "data/board_codes.h"
 #include "shell/link_poller.h"
 
 #include <QFontMetrics>

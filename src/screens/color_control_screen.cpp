@@ -4,6 +4,7 @@
 #include "controls/value_bar.h"
 #include "controls/value_label.h"
 #include "data/color_density.h"
+#include "data/operating_mode.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -198,9 +199,7 @@ void ColorControlScreen::showEntry(std::size_t entry, const QString& value)
 void ColorControlScreen::showInputs(int inputs)
 {
     m_manualMode = (inputs & kManualInput) != 0;
-    m_status[2]->setValue((inputs & kAutoInput) != 0 ? QStringLiteral("AUTO")
-                          : m_manualMode             ? QStringLiteral("MAN")
-                                                     : QStringLiteral("OFF"));
+    m_status[2]->setValue(operatingModeText(operatingMode(inputs)));
     m_status[3]->setValue((inputs & kAutoOnInput) != 0 ? QStringLiteral("ON")
                                                        : QStringLiteral("OFF"));
     m_statusLamps[0]->show((inputs & kAutoInput) != 0 ? LampState::On

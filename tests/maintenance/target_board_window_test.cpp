@@ -2,7 +2,7 @@
 
 #include "controls/named_controls.h"
 #include "controls/numeric_entry_field.h"
-#include "maintenance/board_codes.h"
+#include "data/board_codes.h"
 #include "tests/support/maintenance_rig.h"
 
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "maintenance/board_codes.h"
+#include "data/board_codes.h"
 
 #include "data/file_text.h"
 #include "data/link_text.h"

@@ -1,4 +1,4 @@
-#include "maintenance/board_codes.h"
+#include "data/board_codes.h"
 
 #include "tests/support/maintenance_rig.h"
 

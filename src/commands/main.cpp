@@ -1,0 +1,10 @@
+#include "commands/command_line_run.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tambrix-cli"));
+    return tambrix::runCommandLine(QCoreApplication::arguments());
+}
