@@ -34,6 +34,13 @@ void screenPasses(const QString& program);
 /// That process.
 int screensProcess(int argc, char* argv[]);
 
+/// What recording an exchange costs while the line monitor is closed, and the exchange rate of the
+/// Main Display with the monitor open against closed. Runs in a process of its own.
+void monitorCost(const QString& program);
+
+/// That process.
+int monitorProcess(int argc, char* argv[]);
+
 /// A report of all labels as PDF against the same texts put bare on a PDF, and its peak memory.
 /// Runs in a process of its own.
 void reportPdf(const QString& program);

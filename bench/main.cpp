@@ -28,6 +28,8 @@ int runBenchmarks(const QStringList& arguments)
             screenPasses(QCoreApplication::applicationFilePath());
         if (wanted("transfer"))
             transferCost(QCoreApplication::applicationFilePath());
+        if (wanted("monitor"))
+            monitorCost(QCoreApplication::applicationFilePath());
         if (wanted("report"))
             reportPdf(QCoreApplication::applicationFilePath());
         if (wanted("datasets"))
@@ -41,7 +43,7 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-/// tambrix_bench [exchange|wire|download|window|screens|transfer|report|datasets]...
+/// tambrix_bench [exchange|wire|download|window|screens|transfer|monitor|report|datasets]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;
@@ -50,6 +52,8 @@ int main(int argc, char* argv[])
                              QByteArray(argv[3]).toLongLong());
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--screens-process"))
         return screensProcess(argc, argv);
+    if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--monitor-process"))
+        return monitorProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--transfer-process"))
         return transferProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--report-process"))

@@ -5,7 +5,7 @@ namespace tambrix::bench {
 WindowUnderTest::WindowUnderTest(const QString& device, int baud, ScreenTable screens)
     : folder(baud),
       serial(clock, device),
-      port(serial, clock),
+      port(traced, clock),
       state(QDir(QString::fromStdString(folder.path().string())), port, clock, nobody),
       window(state, std::move(screens), {})
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bench/link_under_test.h"
+#include "data/line_recorder.h"
 #include "shell/main_window.h"
 
 namespace tambrix::bench {
@@ -21,6 +22,8 @@ struct WindowUnderTest
     BenchFolder folder;
     SteadyClock clock;
     QtSerialPort serial;
+    LineRecorder recorder{clock};
+    TracedPort traced{serial, recorder};
     RecordingPort port;
     AbsentOperator nobody;
     ProgramState state;

@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 
 #include "data/version.h"
+#include "platform/connection.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -14,7 +15,9 @@ const QCommandLineOption kSimulate(QStringLiteral("simulate"),
                                    QStringLiteral("Talk to the built-in simulated controller."));
 const QCommandLineOption kSerialDevice(
     QStringLiteral("serial-device"),
-    QStringLiteral("Use serial device <PATH>, whatever the port number in the settings."),
+    QStringLiteral(
+        "Use serial device <PATH>, whatever the settings say; tcp://HOST:PORT is a serial "
+        "server in the network."),
     QStringLiteral("PATH"));
 const QCommandLineOption kProgramFolder(
     QStringLiteral("program-folder"),
@@ -90,6 +93,9 @@ QString complaint(const QCommandLineParser& parser)
         return QStringLiteral("The program folder '%1' does not exist.").arg(folder);
     if (parser.isSet(kSerialDevice) && (parser.isSet(kSimulate) || parser.isSet(kDemo)))
         return QStringLiteral("--serial-device cannot be combined with the simulated controller.");
+    if (!connectionFromText(parser.value(kSerialDevice)))
+        return QStringLiteral("'%1' is no serial server; it must read tcp://HOST:PORT.")
+            .arg(parser.value(kSerialDevice));
     for (const auto* option : {&kSerialDevice, &kDemo}) {
         if (parser.isSet(*option) && parser.value(*option).isEmpty())
             return QStringLiteral("--%1 needs a value.").arg(option->names().constFirst());

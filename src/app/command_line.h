@@ -15,7 +15,7 @@ inline constexpr int kUsageError = 2;
 struct CommandLine
 {
     bool simulate = false; ///< the built-in controller behind the serial port
-    QString serialDevice;  ///< device to use whatever the port number; empty: by number
+    QString serialDevice;  ///< device or "tcp://HOST:PORT", whatever the settings say; may be empty
     QString programFolder; ///< folder with Support and Help; empty: the executable's own
     QString setupFile;     ///< set-up file to open at start, absolute; empty: none
     Theme theme = Theme::Desktop;

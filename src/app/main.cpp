@@ -1,6 +1,7 @@
 #include "app/appearance.h"
 #include "app/command_line.h"
 #include "app/first_run.h"
+#include "app/line_tools.h"
 #include "app/look_tools.h"
 #include "app/window_memory.h"
 #include "datasets/datasets_tools.h"
@@ -8,7 +9,6 @@
 #include "help/help_desk.h"
 #include "maintenance/comm_port_dialog.h"
 #include "maintenance/program_commands.h"
-#include "platform/qt_serial_port.h"
 #include "platform/steady_clock.h"
 #include "reports/reports.h"
 #include "screens/color_control_screen.h"
@@ -48,16 +48,22 @@ ScreenTable screens()
             screen<ColorControlScreen>(), screen<IoStatusScreen>()};
 }
 
-/// What the menu items do whose rooms stand beside the shell. `programs` is made after the menu.
+/// What the menu items do whose rooms stand beside the shell. `programs` and `line` are made
+/// after the menu.
 MenuCommands menuCommands(ProgramState& state, Reports& reports, HelpDesk& help,
-                          std::optional<ProgramCommands>& programs)
+                          std::optional<ProgramCommands>& programs,
+                          const std::optional<LineTools>& line)
 {
     MenuCommands commands;
     commands.reportSetup = [&reports] { reports.showSetup(); };
     commands.printReport = [&reports] { reports.print(); };
     commands.downloadProgram = [&programs] { programs->downloadProgram(); };
     commands.targetBoard = [&programs] { programs->showTargetBoard(); };
-    commands.commPort = [&state] { CommPortDialog(state, QApplication::activeWindow()).exec(); };
+    commands.commPort = [&state, &line] {
+        CommPortDialog dialog(state, QApplication::activeWindow());
+        dialog.setUsedInstead(line->usedInsteadOfNumber());
+        dialog.exec();
+    };
     commands.helpTopics = [&help] { help.showTopics(); };
     commands.about = [&help] { help.showAbout(); };
     return commands;
@@ -69,6 +75,23 @@ QString userSettings()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
            QStringLiteral("/tambrix.ini");
+}
+
+/// What the command line says about the port, as it was typed.
+QString startedWith(const CommandLine& line)
+{
+    if (line.simulate)
+        return QStringLiteral("--simulate");
+    return line.serialDevice.isEmpty() ? QString()
+                                       : QStringLiteral("--serial-device ") + line.serialDevice;
+}
+
+/// The command line's device goes before the connection that is kept.
+Connection connectionOf(const CommandLine& line, const QDir& data)
+{
+    if (line.serialDevice.isEmpty())
+        return readConnection(LineTools::connectionFile(data));
+    return connectionFromText(line.serialDevice).value_or(Connection{});
 }
 
 /// Says what there is to say before there is a window, and gives the exit code back.
@@ -105,21 +128,31 @@ ProgramFolders foldersFor(const CommandLine& line, const QTemporaryDir& scratch)
 int runProgram(const CommandLine& line)
 {
     SteadyClock clock;
-    QtPrompts prompts;
-    QtSerialPort realPort(clock, line.serialDevice);
+    QtPrompts qtPrompts;
+    BoxWatch prompts(qtPrompts);
+    ChosenPort realPort(clock);
     BuiltInController controller(clock);
-    PatientPort port(line.simulate ? controller.port() : realPort, clock);
+    SerialPort& basePort = line.simulate ? controller.port() : realPort;
+    LineRecorder recorder(clock);
+    TracedPort traced(basePort, recorder);
+    PatientPort port(traced, clock);
 
     const QTemporaryDir scratch;
     ProgramState state(foldersFor(line, scratch), port, clock, prompts);
     state.simulated = line.simulate;
-    state.portName = line.serialDevice;
+    realPort.use(connectionOf(line, state.dataRoot));
+    state.portName = line.simulate ? QString() : connectionText(realPort.connection());
     Reports reports(state);
     HelpDesk help(state);
     std::optional<ProgramCommands> programs;
-    MainWindow window(state, screens(), menuCommands(state, reports, help, programs));
+    std::optional<LineTools> lineTools;
+    MainWindow window(state, screens(), menuCommands(state, reports, help, programs, lineTools));
     programs.emplace(state, window, window.backgroundPoll());
     const DatasetsTools datasets(state, window);
+    lineTools.emplace(
+        state, window,
+        LineTools::Line{clock, recorder, prompts, basePort, line.simulate ? nullptr : &realPort},
+        startedWith(line));
 
     const FirstRun firstRun(state, line.simulate);
     addLookTools(window, state.programFolder.path());
@@ -135,7 +168,7 @@ int runProgram(const CommandLine& line)
     if (!line.setupFile.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
 
-    DemoStage stage(window, controller.board(), QDir(line.demoFolder));
+    DemoStage stage(window, controller.board(), controller.line(), QDir(line.demoFolder));
     if (!line.demoSize.isEmpty())
         stage.setSize(line.demoSize);
     if (demo)

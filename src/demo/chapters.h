@@ -24,6 +24,9 @@ Task demoCompare(DemoStage& stage);
 /// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
 Task demoMaintenance(DemoStage& stage);
 
+/// The line's tools: monitor, check; the cable pulled, and the program on line again by itself.
+Task demoLine(DemoStage& stage);
+
 /// Report set-up and preview, about box, help.
 Task demoReports(DemoStage& stage);
 

@@ -56,8 +56,11 @@ void print(const char* result, const QString& what, const QString& picture)
 
 } // namespace
 
-DemoStage::DemoStage(MainWindow& window, SimulatedBoard& board, const QDir& pictures)
-    : m_window(window), m_board(board), m_pictures(pictures), m_loop([] { return true; })
+DemoStage::DemoStage(MainWindow& window, SimulatedBoard& board, SimulatedLine& line,
+                     const QDir& pictures)
+    : m_window(window), m_board(board), m_line(line), m_pictures(pictures), m_loop([] {
+          return true;
+      })
 {
     m_watchdog.setSingleShot(true);
     m_watchdog.setInterval(kLongestSilence);

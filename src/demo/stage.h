@@ -3,6 +3,7 @@
 #include "platform/cooperative_loop.h"
 #include "shell/main_window.h"
 #include "simulator/simulated_board.h"
+#include "simulator/simulated_line.h"
 
 #include <QDir>
 #include <QTimer>
@@ -17,10 +18,11 @@ namespace tambrix {
 class DemoStage
 {
 public:
-    DemoStage(MainWindow& window, SimulatedBoard& board, const QDir& pictures);
+    DemoStage(MainWindow& window, SimulatedBoard& board, SimulatedLine& line, const QDir& pictures);
 
     MainWindow& window() { return m_window; }
     SimulatedBoard& board() { return m_board; }
+    SimulatedLine& line() { return m_line; }
 
     /// The size of the main window; the operator's screen unless set before run().
     void setSize(const QSize& size) { m_size = size; }
@@ -86,6 +88,7 @@ private:
 
     MainWindow& m_window;
     SimulatedBoard& m_board;
+    SimulatedLine& m_line;
     QDir m_pictures;
     QTimer m_watchdog;
     QSize m_size{1366, 768};

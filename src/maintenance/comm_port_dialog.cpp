@@ -122,6 +122,17 @@ void CommPortDialog::load()
     m_speeds[settings.speed == kSpeeds[1] ? 1 : 0]->setChecked(true);
 }
 
+void CommPortDialog::setUsedInstead(const QString& instead)
+{
+    if (instead.isEmpty())
+        return;
+    QLabel* note = makeLabel(
+        QStringLiteral("lblNotInUse"),
+        QStringLiteral("The port number is not in use: the program uses %1.").arg(instead));
+    note->setWordWrap(true);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(1, note);
+}
+
 void CommPortDialog::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);

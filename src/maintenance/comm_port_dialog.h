@@ -31,6 +31,9 @@ public:
     explicit CommPortDialog(ProgramState& state, QWidget* parent = nullptr,
                             PortList ports = machinePorts);
 
+    /// Says that the number is not in use, and what is instead. Empty: it is.
+    void setUsedInstead(const QString& instead);
+
 protected:
     void showEvent(QShowEvent* event) override;
     void timerEvent(QTimerEvent* event) override;

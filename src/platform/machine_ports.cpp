@@ -23,7 +23,8 @@ std::vector<MachinePort> machinePorts()
 {
     std::vector<MachinePort> ports;
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
-        ports.push_back({info.portName(), info.description(), serialPortNumber(info.portName())});
+        ports.push_back({info.portName(), info.description(), serialPortNumber(info.portName()),
+                         info.systemLocation(), info.serialNumber()});
     std::ranges::stable_sort(
         ports, {}, [](const MachinePort& port) { return port.number.value_or(kHighestPort + 1); });
     return ports;

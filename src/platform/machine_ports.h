@@ -13,6 +13,8 @@ struct MachinePort
     QString name;              ///< as the system calls it: "COM3", "ttyUSB0"
     QString description;       ///< what the device says of itself; may be empty
     std::optional<int> number; ///< the port number that means it, 1 to 99; empty: none does
+    QString location = {};     ///< by what it is opened: "COM3", "/dev/ttyUSB0"
+    QString serialNumber = {}; ///< of a USB adapter, when it has one
 
     bool operator==(const MachinePort&) const = default;
 };

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "link/serial_port.h"
+#include "platform/device_port.h"
 
-#include <QObject>
 #include <QSerialPort>
 
 namespace tambrix {
 
 /// A real serial port. Once its device has vanished it stays open and silent until `close()`.
-class QtSerialPort : public QObject, public SerialPort
+class QtSerialPort : public DevicePort
 {
     Q_OBJECT
 
@@ -16,24 +15,25 @@ public:
     /// `deviceOverride`, when not empty, is the device to use whatever the port number.
     QtSerialPort(Clock& clock, QString deviceOverride);
 
+    /// The same from the next `configure()` on.
+    void setDevice(QString deviceOverride) { m_deviceOverride = std::move(deviceOverride); }
+
+    /// The device last configured, as it was named; empty before that.
+    const QString& deviceName() const { return m_device; }
+
     std::optional<PortFault> configure(int portNumber, std::string_view settings) override;
     std::optional<PortFault> open() override;
-    void close() override;
-    bool isOpen() const override { return m_open; }
-    std::size_t bytesWaiting() override;
-    std::uint8_t readByte() override;
-    void writeByte(std::uint8_t byte) override;
-    void discardInput() override;
-    bool waitForInput(Duration limit) override;
 
 private:
     void noteError(QSerialPort::SerialPortError error);
+    QIODevice& device() override { return m_port; }
+    void closeDevice() override { m_port.close(); }
+    void sendNow() override { m_port.flush(); }
+    void dropInput() override { m_port.clear(QSerialPort::Input); }
 
-    Clock& m_clock;
     QString m_deviceOverride;
+    QString m_device;
     QSerialPort m_port;
-    bool m_open = false; ///< as the link sees it; the device behind may have vanished
-    bool m_gone = false;
 };
 
 } // namespace tambrix

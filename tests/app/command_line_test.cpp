@@ -51,6 +51,7 @@ TEST(CommandLineTest, SaysWhatItCannotDo)
         {{"--program-folder", "/no/such"}, "The program folder '/no/such' does not exist."},
         {{"--simulate", "--serial-device", "COM3"}, "cannot be combined"},
         {{"--serial-device", ""}, "--serial-device needs a value."},
+        {{"--serial-device", "tcp://press4"}, "must read tcp://HOST:PORT"},
         {{"--demo", ""}, "--demo needs a value."},
         {{"--demo"}, "demo"},
     };

@@ -1,0 +1,100 @@
+#include "data/line_recorder.h"
+
+#include "link/lenient_number.h"
+
+#include <utility>
+
+namespace tambrix {
+
+namespace {
+
+/// A line that floods is not recorded byte for byte.
+constexpr int kMostDropped = 64;
+
+} // namespace
+
+void LineRecorder::sent(std::uint8_t byte)
+{
+    giveUp();
+    m_pending = LineExchange{m_clock.now(), {}, byte, kNoByte, 0};
+}
+
+void LineRecorder::received(std::uint8_t byte)
+{
+    LineExchange exchange =
+        m_pending.value_or(LineExchange{m_clock.now(), {}, kNoByte, kNoByte, 0});
+    m_pending.reset();
+    exchange.took = m_clock.now() - exchange.sent;
+    exchange.in = byte;
+    add(exchange);
+}
+
+void LineRecorder::dropped(std::uint8_t byte)
+{
+    giveUp();
+    received(byte);
+}
+
+void LineRecorder::giveUp()
+{
+    if (!m_pending)
+        return;
+    m_pending->took = m_clock.now() - m_pending->sent;
+    add(*m_pending);
+    m_pending.reset();
+}
+
+void LineRecorder::add(LineExchange exchange)
+{
+    m_trace.add(m_mask.masked(exchange));
+    if (!m_mask.answeredWell())
+        ++m_errors;
+}
+
+std::optional<PortFault> TracedPort::configure(int portNumber, std::string_view settings)
+{
+    m_recorder.closed();
+    if (m_port.isOpen())
+        m_port.close();
+    m_recorder.setBaud(leadingDecimal(settings));
+    return m_port.configure(portNumber, settings);
+}
+
+std::optional<PortFault> TracedPort::open()
+{
+    auto fault = m_port.open();
+    m_open = !fault;
+    if (m_open)
+        m_recorder.opened();
+    return fault;
+}
+
+void TracedPort::close()
+{
+    if (!std::exchange(m_open, false))
+        return;
+    m_recorder.closed();
+    m_port.close();
+}
+
+std::uint8_t TracedPort::readByte()
+{
+    const std::uint8_t byte = m_port.readByte();
+    m_recorder.received(byte);
+    return byte;
+}
+
+void TracedPort::writeByte(std::uint8_t byte)
+{
+    m_recorder.sent(byte);
+    m_port.writeByte(byte);
+}
+
+void TracedPort::discardInput()
+{
+    for (int i = 0; i < kMostDropped && m_port.bytesWaiting() > 0; ++i)
+        m_recorder.dropped(m_port.readByte());
+    m_port.discardInput();
+}
+
+} // namespace tambrix

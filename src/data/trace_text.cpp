@@ -1,0 +1,144 @@
+#include "data/trace_text.h"
+
+#include "data/line_frames.h"
+#include "data/whole_file.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QIODevice>
+
+#include <algorithm>
+
+namespace tambrix {
+
+namespace {
+
+constexpr qint64 kLongestLine = 120; // bytes
+constexpr const char* kSecretText = "**";
+constexpr std::uint64_t kKeptExchanges = 2000;
+constexpr qsizetype kKeptFiles = 20;
+const QString kKeptNames = QStringLiteral("Trace *-*-* *-*-*.txt");
+
+double seconds(Duration time)
+{
+    return std::chrono::duration<double>(time).count();
+}
+
+void addByte(QByteArray& text, Duration time, char direction, std::int16_t byte)
+{
+    if (byte == kNoByte)
+        return;
+    const QByteArray shown = byte == kSecretByte
+                                 ? QByteArray(kSecretText)
+                                 : QByteArray::number(byte, 16).rightJustified(2, '0').toUpper();
+    text += QByteArray::number(seconds(time), 'f', 6).rightJustified(12) + ' ' + direction + ' ' +
+            shown + '\n';
+}
+
+/// One line of a trace.
+struct TracedByte
+{
+    Duration time{};
+    bool toBoard = false;
+    std::int16_t byte = kNoByte;
+};
+
+std::optional<TracedByte> tracedByte(const QByteArray& line)
+{
+    const QList<QByteArray> words = line.simplified().split(' ');
+    if (words.size() != 3 || (words[1] != ">" && words[1] != "<"))
+        return std::nullopt;
+    constexpr double kLongest = 1e9; // s
+    bool timeFits = false;
+    bool byteFits = false;
+    const double time = words[0].toDouble(&timeFits);
+    const bool secret = words[2] == kSecretText;
+    const int byte = secret ? kSecretByte : words[2].toInt(&byteFits, 16);
+    if (!timeFits || !(time >= 0 && time < kLongest) || (!secret && !byteFits) || byte > 0xFF ||
+        words[2].size() != 2 || (!secret && byte < 0))
+        return std::nullopt;
+    return TracedByte{std::chrono::duration_cast<Duration>(std::chrono::duration<double>(time)),
+                      words[1] == ">", static_cast<std::int16_t>(byte)};
+}
+
+/// Puts bytes together to exchanges: a byte to the board with the one that follows it back.
+class Pairing
+{
+public:
+    explicit Pairing(LineTrace& trace) : m_trace(trace) {}
+    ~Pairing() { finish(); }
+    Pairing(const Pairing&) = delete;
+    Pairing& operator=(const Pairing&) = delete;
+
+    void take(const TracedByte& byte)
+    {
+        if (byte.toBoard) {
+            finish(byte.time);
+            m_open = LineExchange{byte.time, {}, byte.byte, kNoByte, 0};
+            return;
+        }
+        LineExchange exchange = m_open.value_or(LineExchange{byte.time, {}, kNoByte, kNoByte, 0});
+        exchange.took = byte.time - exchange.sent;
+        exchange.in = byte.byte;
+        m_open.reset();
+        m_trace.add(m_mask.masked(exchange));
+    }
+
+private:
+    void finish(std::optional<Duration> givenUp = std::nullopt)
+    {
+        if (!m_open)
+            return;
+        m_open->took = givenUp.value_or(m_open->sent) - m_open->sent;
+        m_trace.add(m_mask.masked(*m_open));
+        m_open.reset();
+    }
+
+    LineTrace& m_trace;
+    PasscodeMask m_mask;
+    std::optional<LineExchange> m_open;
+};
+
+} // namespace
+
+QByteArray traceText(const LineTrace& trace, std::uint64_t most)
+{
+    QByteArray text;
+    for (std::uint64_t number = trace.end() - std::min(most, trace.end() - trace.begin()); number != trace.end(); ++number) {
+        const LineExchange& exchange = trace.at(number);
+        addByte(text, exchange.sent, '>', exchange.out);
+        addByte(text, exchange.sent + exchange.took, '<', exchange.in);
+    }
+    return text;
+}
+
+std::optional<QString> keepTrace(const LineTrace& trace, const QDir& folder, const QDateTime& now)
+{
+    const QString name = now.toString(QStringLiteral("'Trace' yyyy-MM-dd HH-mm-ss'.txt'"));
+    QDir().mkpath(folder.path());
+    if (auto reason = writeWholeFile(folder.filePath(name), traceText(trace, kKeptExchanges)))
+        return reason;
+    QStringList kept = folder.entryList({kKeptNames}, QDir::Files, QDir::Name);
+    for (; kept.size() > kKeptFiles; kept.removeFirst())
+        QFile::remove(folder.filePath(kept.constFirst()));
+    return std::nullopt;
+}
+
+QString readTrace(QIODevice& text, LineTrace& trace)
+{
+    Pairing pairing(trace);
+    for (int number = 1; !text.atEnd(); ++number) {
+        const QByteArray line = text.readLine(kLongestLine);
+        if (line.trimmed().isEmpty())
+            continue;
+        const auto byte = tracedByte(line);
+        if (!byte)
+            return QStringLiteral("Line %1 is none of a trace: %2")
+                .arg(number)
+                .arg(QString::fromLatin1(line.left(60)).simplified());
+        pairing.take(*byte);
+    }
+    return {};
+}
+
+} // namespace tambrix

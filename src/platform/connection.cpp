@@ -1,0 +1,70 @@
+#include "platform/connection.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QUrl>
+
+namespace tambrix {
+
+namespace {
+
+const QString kScheme = QStringLiteral("tcp");
+constexpr qint64 kLongestFile = 1024; // bytes
+
+std::optional<Connection> serverFromText(const QString& text)
+{
+    const QUrl url(text, QUrl::StrictMode);
+    const QUrl bare = url.adjusted(QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery |
+                                   QUrl::RemoveFragment);
+    if (!url.isValid() || url != bare || url.host().isEmpty() || url.port(0) < 1)
+        return std::nullopt;
+    return Connection{Connection::Kind::Server, {}, url.host(), static_cast<quint16>(url.port())};
+}
+
+} // namespace
+
+std::optional<Connection> connectionFromText(const QString& text)
+{
+    const QString trimmed = text.trimmed();
+    if (trimmed.startsWith(kScheme + QStringLiteral("://"), Qt::CaseInsensitive))
+        return serverFromText(trimmed);
+    if (trimmed.isEmpty())
+        return Connection{};
+    return Connection{Connection::Kind::Device, trimmed, {}, 0};
+}
+
+QString connectionText(const Connection& connection)
+{
+    if (connection.kind != Connection::Kind::Server)
+        return connection.device;
+    QUrl url;
+    url.setScheme(kScheme);
+    url.setHost(connection.host);
+    url.setPort(connection.tcpPort);
+    return url.toString();
+}
+
+Connection readConnection(const QString& file)
+{
+    QFile stored(file);
+    if (!stored.open(QIODevice::ReadOnly))
+        return {};
+    return connectionFromText(QString::fromUtf8(stored.read(kLongestFile)).section(u'\n', 0, 0))
+        .value_or(Connection{});
+}
+
+std::optional<QString> writeConnection(const QString& file, const Connection& connection)
+{
+    QDir().mkpath(QFileInfo(file).path());
+    QSaveFile stored(file);
+    if (stored.open(QIODevice::WriteOnly)) {
+        stored.write(connectionText(connection).toUtf8() + "\r\n");
+        if (stored.commit())
+            return std::nullopt;
+    }
+    return stored.errorString();
+}
+
+} // namespace tambrix
