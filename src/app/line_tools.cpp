@@ -99,11 +99,6 @@ void LineTools::followUser()
     QObject::connect(&m_window.toolbar(), &Toolbar::modeClicked, &m_reconnect, acted);
 }
 
-QString LineTools::connectionFile(const QDir& data)
-{
-    return data.filePath(QStringLiteral("Connection.cfg"));
-}
-
 QString LineTools::usedInsteadOfNumber() const
 {
     if (m_line.real == nullptr)

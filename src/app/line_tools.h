@@ -44,9 +44,6 @@ public:
     /// controller"; empty while the number counts.
     QString usedInsteadOfNumber() const;
 
-    /// Where the connection is kept below the data root.
-    static QString connectionFile(const QDir& data);
-
 private:
     void showConnection();
     void addItems();

@@ -90,7 +90,7 @@ QString startedWith(const CommandLine& line)
 Connection connectionOf(const CommandLine& line, const QDir& data)
 {
     if (line.serialDevice.isEmpty())
-        return readConnection(LineTools::connectionFile(data));
+        return readConnection(connectionFile(data));
     return connectionFromText(line.serialDevice).value_or(Connection{});
 }
 

@@ -7,6 +7,7 @@
 #include "data/parameters.h"
 #include "data/setup_data.h"
 #include "platform/machine_ports.h"
+#include "platform/port_access.h"
 
 #include <QJsonObject>
 
@@ -106,15 +107,31 @@ ExitCode writeRegisters(const CommandCall& call)
     return verified ? ExitCode::Done : ExitCode::NotVerified;
 }
 
+/// Whether this user may open the port now, and if not, why.
+QString stateOf(const PortAccess& access)
+{
+    if (!access.holder.isEmpty())
+        return QStringLiteral("in use by ") + access.holder;
+    if (!access.permitted)
+        return access.group.isEmpty() ? QStringLiteral("not permitted")
+                                      : QStringLiteral("only for group ") + access.group;
+    return QStringLiteral("free");
+}
+
 ExitCode listPorts(const CommandCall& call)
 {
     for (const MachinePort& port : machinePorts()) {
+        const QString state = stateOf(portAccess(port.location));
         if (call.console.json())
             call.console.print(QJsonObject{{QStringLiteral("port"), port.name},
                                            {QStringLiteral("description"), port.description},
-                                           {QStringLiteral("number"), port.number.value_or(0)}});
+                                           {QStringLiteral("number"), port.number.value_or(0)},
+                                           {QStringLiteral("state"), state}});
         else
-            call.console.print(QStringLiteral("%1  %2").arg(port.name, -12).arg(port.description));
+            call.console.print(QStringLiteral("%1 %2 %3")
+                                   .arg(port.name, -12)
+                                   .arg(state, -24)
+                                   .arg(port.description));
     }
     return ExitCode::Done;
 }

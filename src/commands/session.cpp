@@ -1,7 +1,7 @@
 #include "commands/session.h"
 
 #include "data/link_text.h"
-#include "platform/qt_serial_port.h"
+#include "platform/port_access.h"
 #include "simulator/inprocess/built_in_controller.h"
 
 #include <QCoreApplication>
@@ -57,6 +57,19 @@ ProgramFolders foldersFor(const CommonOptions& options, const QTemporaryDir& scr
     return folders;
 }
 
+/// What the command was told, else what Connection keeps, else the port of Comm Port.
+Connection connectionOf(const CommonOptions& options, const QDir& dataRoot)
+{
+    if (options.serialDevice.isEmpty())
+        return readConnection(connectionFile(dataRoot));
+    const auto connection = connectionFromText(options.serialDevice);
+    if (!connection)
+        throw Failure{ExitCode::Usage,
+                      QStringLiteral("'%1' is no serial server (example: tcp://press3:4001)")
+                          .arg(options.serialDevice)};
+    return *connection;
+}
+
 std::filesystem::path pathOf(const QDir& folder)
 {
     return QFileInfo(folder.absolutePath()).filesystemAbsoluteFilePath();
@@ -75,11 +88,12 @@ BoxAnswer AbsentOperator::showMessage(const OperatorBox& box)
 Session::Session(const CommonOptions& options)
     : m_folders(foldersFor(options, m_scratch)),
       m_simulated(options.simulate ? std::make_unique<BuiltInController>(m_clock) : nullptr),
-      m_device(std::make_unique<QtSerialPort>(m_clock, options.serialDevice)),
-      m_port(std::make_unique<PortAtSpeed>(m_simulated ? m_simulated->port() : *m_device,
+      m_device(m_clock),
+      m_port(std::make_unique<PortAtSpeed>(m_simulated ? m_simulated->port() : m_device,
                                            options.baud)),
       m_link(pathOf(m_folders.program), m_clock, m_operator, pathOf(m_folders.settings))
 {
+    m_device.use(connectionOf(options, m_folders.data));
 }
 
 Session::~Session()
@@ -90,7 +104,19 @@ Session::~Session()
 void Session::goOnline()
 {
     m_link.OpenRSComm(*m_port);
+    if (m_link.portError())
+        refuseHeldPort();
     requireLink();
+}
+
+/// A port that cannot be opened: another program may have it.
+void Session::refuseHeldPort()
+{
+    const QString device = m_device.deviceName();
+    const QString holder = device.isEmpty() ? QString() : portAccess(device).holder;
+    if (!holder.isEmpty())
+        throw Failure{ExitCode::NoCommunication,
+                      QStringLiteral("%1 is in use by %2").arg(device, holder)};
 }
 
 void Session::goOffline()

@@ -4,6 +4,7 @@
 #include "commands/console.h"
 #include "commands/failure.h"
 #include "link/rs_comm.h"
+#include "platform/chosen_port.h"
 #include "platform/program_folders.h"
 #include "platform/steady_clock.h"
 
@@ -71,12 +72,14 @@ public:
     Failure lost(const QString& text);
 
 private:
+    void refuseHeldPort();
+
     const QTemporaryDir m_scratch; ///< takes the settings that the simulated controller needs not
     const ProgramFolders m_folders;
     SteadyClock m_clock;
     AbsentOperator m_operator;
     std::unique_ptr<BuiltInController> m_simulated; ///< with --simulate
-    std::unique_ptr<SerialPort> m_device;
+    ChosenPort m_device;
     std::unique_ptr<SerialPort> m_port; ///< the one of these two that is used
     RSComm m_link;
 };

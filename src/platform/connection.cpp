@@ -46,6 +46,11 @@ QString connectionText(const Connection& connection)
     return url.toString();
 }
 
+QString connectionFile(const QDir& dataRoot)
+{
+    return dataRoot.filePath(QStringLiteral("Connection.cfg"));
+}
+
 Connection readConnection(const QString& file)
 {
     QFile stored(file);

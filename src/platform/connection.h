@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QString>
 
 #include <optional>
@@ -29,6 +30,9 @@ std::optional<Connection> connectionFromText(const QString& text);
 
 /// The same text back.
 QString connectionText(const Connection& connection);
+
+/// The file below the data root that keeps the connection.
+QString connectionFile(const QDir& dataRoot);
 
 /// The connection kept in `file`; Comm Port's number while there is none that can be read.
 Connection readConnection(const QString& file);
