@@ -41,7 +41,7 @@ void compareReading()
     LinkUnderTest link(board.device(), 9600);
     SetupDataRecord data = defaultSetupData({});
     std::vector<double> upload, compare;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < rounds(kRounds); ++round) {
         link.record([&](RSComm& comm) {
             upload.push_back(seconds([&] {
                 BulkTransfer transfer(comm, data, transferPlan(transfer_code::kEverything, {}));
@@ -114,7 +114,7 @@ void treeCost()
     for (std::int32_t& value : right.Value)
         ++value;
     std::vector<double> bare, own;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < rounds(kRounds); ++round) {
         Comparison comparison(left, right);
         bare.push_back(bareView());
         own.push_back(compareView(comparison));

@@ -24,7 +24,7 @@ constexpr double kBitsPerByte = 10;
 class WillingOperator : public AbsentOperator
 {
 public:
-    BoxAnswer showMessage(const MessageBox& box) override
+    BoxAnswer showMessage(const OperatorBox& box) override
     {
         last = box.text;
         return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Cancel;

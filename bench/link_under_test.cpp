@@ -50,7 +50,7 @@ Exchanges plainExchanges(int device, const std::vector<std::uint8_t>& bytes)
     return {bytes, differences(times)};
 }
 
-BoxAnswer AbsentOperator::showMessage(const MessageBox& box)
+BoxAnswer AbsentOperator::showMessage(const OperatorBox& box)
 {
     std::fprintf(stderr, "box '%s': %s\n", box.title.c_str(), box.text.c_str());
     return BoxAnswer::Cancel;

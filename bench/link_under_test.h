@@ -17,7 +17,7 @@ namespace tambrix::bench {
 class AbsentOperator : public Prompts
 {
 public:
-    BoxAnswer showMessage(const MessageBox& box) override;
+    BoxAnswer showMessage(const OperatorBox& box) override;
     std::optional<QString> askText(const QString& title, const QString& prompt,
                                    const QString& preset) override;
     std::optional<QString> askOpenFile(const FileQuestion& question) override;
