@@ -21,7 +21,8 @@ bool contains(const std::vector<std::size_t>& entries, std::size_t entry)
 } // namespace
 
 ConfirmedRead::ConfirmedRead(RSComm& link, std::vector<std::string> addresses,
-                             std::vector<std::int32_t> expected, std::size_t mostDoubtful)
+                             std::vector<std::optional<std::int32_t>> expected,
+                             std::size_t mostDoubtful)
     : m_link(link), m_expected(std::move(expected)), m_mostDoubtful(mostDoubtful)
 {
     m_data.Address = std::move(addresses);
@@ -62,7 +63,7 @@ void ConfirmedRead::firstRoundEnded()
 {
     std::vector<std::size_t> doubtful;
     for (std::size_t i = 0; i < m_expected.size(); ++i) {
-        if (m_data.Value[i] != m_expected[i] && !contains(m_unread, i))
+        if (unexpected(i) && !contains(m_unread, i))
             doubtful.push_back(i);
     }
     if (doubtful.size() > m_mostDoubtful)
@@ -82,6 +83,11 @@ void ConfirmedRead::againEnded()
     if (m_rounds == kMostRounds)
         still.clear();
     doubt(still);
+}
+
+bool ConfirmedRead::unexpected(std::size_t entry) const
+{
+    return m_expected[entry] && *m_expected[entry] != m_data.Value[entry];
 }
 
 void ConfirmedRead::doubt(const std::vector<std::size_t>& entries)
@@ -105,7 +111,7 @@ bool ConfirmedRead::known(std::size_t index) const
         return false;
     if (m_rounds > 0)
         return !contains(m_doubtful, index);
-    return index < count() && (m_expected.empty() || m_data.Value[index] == m_expected[index]);
+    return index < count() && (m_expected.empty() || !unexpected(index));
 }
 
 } // namespace tambrix

@@ -13,11 +13,11 @@ namespace tambrix {
 class ConfirmedRead
 {
 public:
-    /// Reads `addresses` in this order. `expected` has a value for each, or is empty: then the
-    /// first reading counts. More than `mostDoubtful` unexpected values are no disturbance of the
-    /// line; they are not read again.
+    /// Reads `addresses` in this order. `expected` has a value for each or none, where the first
+    /// reading counts; it may be empty. More than `mostDoubtful` unexpected values are no
+    /// disturbance of the line; they are not read again.
     ConfirmedRead(RSComm& link, std::vector<std::string> addresses,
-                  std::vector<std::int32_t> expected, std::size_t mostDoubtful);
+                  std::vector<std::optional<std::int32_t>> expected, std::size_t mostDoubtful);
 
     ConfirmedRead(const ConfirmedRead&) = delete;
     ConfirmedRead& operator=(const ConfirmedRead&) = delete;
@@ -43,11 +43,12 @@ private:
     void noteUnread();
     void firstRoundEnded();
     void againEnded();
+    bool unexpected(std::size_t entry) const;
     void doubt(const std::vector<std::size_t>& entries);
 
     RSComm& m_link;
     SetupDataRecord m_data;
-    std::vector<std::int32_t> m_expected;
+    std::vector<std::optional<std::int32_t>> m_expected;
     std::size_t m_mostDoubtful;
     std::vector<std::size_t> m_doubtful; ///< entries that are being read again
     SetupDataRecord m_again;             ///< what the doubtful ones read this time

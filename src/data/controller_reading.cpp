@@ -14,6 +14,16 @@ constexpr std::size_t kMostDoubtful = 24;
 
 constexpr std::size_t kLabelNumber = kEntriesPerLabel; // read again behind the running values
 
+/// Shift counts go on counting: nothing is expected of them.
+std::vector<std::optional<std::int32_t>> expectations(const SetupDataRecord* expected)
+{
+    if (expected == nullptr)
+        return {};
+    std::vector<std::optional<std::int32_t>> values(expected->Value.begin(), expected->Value.end());
+    std::fill_n(values.begin() + kShiftCountSlot, kDuctors, std::nullopt);
+    return values;
+}
+
 std::vector<std::string> runningAddresses()
 {
     std::vector<std::string> addresses;
@@ -29,8 +39,7 @@ std::vector<std::string> runningAddresses()
 
 ControllerReading::ControllerReading(RSComm& link, const SetupDataRecord* expected)
     : m_link(link),
-      m_read(link, defaultSetupData({}).Address,
-             expected ? expected->Value : std::vector<std::int32_t>(), kMostDoubtful)
+      m_read(link, defaultSetupData({}).Address, expectations(expected), kMostDoubtful)
 {
 }
 
@@ -40,7 +49,7 @@ void ControllerReading::step()
         m_read.step();
         if (m_read.ended() && !failed()) {
             m_stage = Stage::Running;
-            m_runningRead.emplace(m_link, runningAddresses(), std::vector<std::int32_t>(), 0);
+            m_runningRead.emplace(m_link, runningAddresses(), expectations(nullptr), 0);
         }
         return;
     }

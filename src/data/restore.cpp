@@ -73,7 +73,10 @@ void Restore::beginReading()
             m_toRead.push_back(i);
     }
     SetupDataRecord wanted = recordOf(m_rows, m_toRead);
-    m_reading.emplace(m_link, std::move(wanted.Address), std::move(wanted.Value), m_toRead.size());
+    m_reading.emplace(
+        m_link, std::move(wanted.Address),
+        std::vector<std::optional<std::int32_t>>(wanted.Value.begin(), wanted.Value.end()),
+        m_toRead.size());
 }
 
 bool Restore::ended() const
