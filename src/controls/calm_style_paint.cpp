@@ -155,12 +155,8 @@ void paintSpinBox(const CalmStyle& style, QPainter& painter, const QStyleOptionS
         if (can && box.activeSubControls == part)
             painter.fillRect(place.adjusted(1, 2, -2, -2),
                              is(box, QStyle::State_Sunken) ? tones.tint : tones.track);
-        if (!up || CalmStyle::largeControls())
-            painter.fillRect(QRect(place.left(), box.rect.top() + 2, 1, box.rect.height() - 4),
-                             tones.line);
-        else
-            painter.fillRect(QRect(place.left(), box.rect.top() + 2, 1, box.rect.height() - 4),
-                             tones.line);
+        painter.fillRect(QRect(place.left(), box.rect.top() + 2, 1, box.rect.height() - 4),
+                         tones.line);
         paintArrow(painter, place, up, can ? tones.dim : tones.line);
     }
     painter.restore();
