@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QPushButton>
 #include <QStyleOptionGroupBox>
 

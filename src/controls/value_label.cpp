@@ -3,6 +3,7 @@
 #include "controls/text_size.h"
 #include "controls/tones.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 
 namespace tambrix {

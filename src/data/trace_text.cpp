@@ -104,7 +104,8 @@ private:
 QByteArray traceText(const LineTrace& trace, std::uint64_t most)
 {
     QByteArray text;
-    for (std::uint64_t number = trace.end() - std::min(most, trace.end() - trace.begin()); number != trace.end(); ++number) {
+    for (std::uint64_t number = trace.end() - std::min(most, trace.end() - trace.begin());
+         number != trace.end(); ++number) {
         const LineExchange& exchange = trace.at(number);
         addByte(text, exchange.sent, '>', exchange.out);
         addByte(text, exchange.sent + exchange.took, '<', exchange.in);

@@ -1,8 +1,8 @@
 #include "maintenance/fault_page.h"
 
 #include "controls/named_controls.h"
-#include "link/lenient_number.h"
 #include "data/board_codes.h"
+#include "link/lenient_number.h"
 #include "shell/link_poller.h"
 
 #include <QFontMetrics>
