@@ -2,6 +2,7 @@
 #include "platform/tcp_port.h"
 #include "tests/support/link_rig.h"
 
+#include <QCoreApplication>
 #include <QTcpServer>
 
 #include <atomic>
