@@ -29,7 +29,8 @@ public:
     void tell(Event event, const Arguments&... arguments)
     {
         ++m_telling;
-        for (std::size_t i = 0; i < m_list.size(); ++i) { // the list may grow meanwhile
+        // NOLINTNEXTLINE(modernize-loop-convert): the list may grow meanwhile
+        for (std::size_t i = 0; i < m_list.size(); ++i) {
             if (m_list[i] != nullptr)
                 (m_list[i]->*event)(arguments...);
         }
