@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace tambrix;
 
 namespace {
@@ -51,42 +53,33 @@ INSTANTIATE_TEST_SUITE_P(LightAndDark, Painted, testing::Bool());
 
 TEST_P(Painted, ALampHasTheColourAndTheSymbolOfItsState)
 {
-    struct Case
-    {
-        LampState state;
-        QColor fill;
-        const char* spoken;
-    };
-    const Case cases[] = {{LampState::Unknown, tones().off, "not known"},
-                          {LampState::Off, tones().off, "off"},
-                          {LampState::On, tones().good, "on"},
-                          {LampState::Alarm, tones().alarm, "alarm"}};
-    for (const Case& state : cases) {
+    const std::tuple<LampState, QColor, const char*> cases[] = {
+        {LampState::Unknown, tones().off, "not known"},
+        {LampState::Off, tones().off, "off"},
+        {LampState::On, tones().good, "on"},
+        {LampState::Alarm, tones().alarm, "alarm"}};
+    for (const auto& [state, fill, said] : cases) {
         Lamp lamp("Lamp", 8);
-        lamp.show(state.state);
+        lamp.show(state);
         const QImage image = paint(lamp, {50, 50});
-        EXPECT_EQ(image.pixelColor(25, 41), state.fill) << state.spoken;
-        EXPECT_EQ(image.pixelColor(25, 25) == state.fill,
-                  state.state == LampState::Off || state.state == LampState::On)
-            << state.spoken;
-        EXPECT_EQ(spoken(lamp), state.spoken);
+        EXPECT_EQ(image.pixelColor(25, 41), fill) << said;
+        EXPECT_EQ(image.pixelColor(25, 25) == fill,
+                  state == LampState::Off || state == LampState::On)
+            << said;
+        EXPECT_EQ(spoken(lamp), said);
     }
 }
 
 TEST_P(Painted, ABarIsFilledAsFarAsItsValueSays)
 {
-    struct Case
-    {
-        double share;
-        int filled, beyond;
-    };
-    for (const Case& bar :
-         {Case{0, 0, 0}, Case{0.5, 100, 0}, Case{1, 200, 0}, Case{1.5, 180, 20}, Case{-1, 0, 0}}) {
+    const std::tuple<double, int, int> cases[] = {
+        {0, 0, 0}, {0.5, 100, 0}, {1, 200, 0}, {1.5, 180, 20}, {-1, 0, 0}};
+    for (const auto& [share, filled, beyond] : cases) {
         ValueBar picture("Color Density ductor 1");
-        picture.show(bar.share, "45.0%");
+        picture.show(share, "45.0%");
         const QImage image = paint(picture, {200, 20});
-        EXPECT_NEAR(inRow(image, tones().bar), bar.filled, 2) << bar.share;
-        EXPECT_NEAR(inRow(image, tones().unusual), bar.beyond, 1) << bar.share;
+        EXPECT_NEAR(inRow(image, tones().bar), filled, 2) << share;
+        EXPECT_NEAR(inRow(image, tones().unusual), beyond, 1) << share;
         EXPECT_EQ(spoken(picture), "45.0%");
     }
 }
@@ -157,19 +150,15 @@ TEST_P(Painted, AFittedTextIsNeverCut)
 
 TEST(TextSizeTest, TheStepGrowsWithTheWindowAndShrinksWithALargerFont)
 {
-    QFont desktop;
-    desktop.setPixelSize(12);
-    EXPECT_EQ(scaleStep({1000, 500}, desktop), 75);
-    EXPECT_EQ(scaleStep({1280, 560}, desktop), 100);
-    EXPECT_EQ(scaleStep({1366, 668}, desktop), 100);
-    EXPECT_EQ(scaleStep({1600, 700}, desktop), 125);
-    EXPECT_EQ(scaleStep({1920, 900}, desktop), 150);
-    EXPECT_EQ(scaleStep({2560, 1260}, desktop), 200);
-    EXPECT_EQ(scaleStep({2560, 400}, desktop), 75);
-    desktop.setPixelSize(18);
-    EXPECT_EQ(scaleStep({1400, 668}, desktop), 75);
-    EXPECT_EQ(scaleStep({1280, 620}, desktop), 60);
-    EXPECT_EQ(scaleStep({1920, 900}, desktop), 100);
+    const std::tuple<int, QSize, int> cases[] = {
+        {12, {1000, 500}, 75},  {12, {1280, 560}, 100}, {12, {1366, 668}, 100},
+        {12, {1600, 700}, 125}, {12, {1920, 900}, 150}, {12, {2560, 1260}, 200},
+        {12, {2560, 400}, 75},  {18, {1400, 668}, 75},  {18, {1280, 620}, 60}};
+    for (const auto& [font, place, step] : cases) {
+        QFont desktop;
+        desktop.setPixelSize(font);
+        EXPECT_EQ(scaleStep(place, desktop), step) << place.width();
+    }
 }
 
 TEST(ProgressPaceTest, TellsTheTimeLeftAfterTwoSecondsAndShowsTwentyTextsASecond)

@@ -19,12 +19,16 @@ QString savedPath(const std::variant<QString, Refusal>& result)
     return path != nullptr ? *path : QStringLiteral("refused: ") + std::get<Refusal>(result).reason;
 }
 
-} // namespace
-
-TEST(Backups, AreOrdinarySetupFilesNamedForTheirPress)
+struct BackupsTest : testing::Test
 {
     const QTemporaryDir root;
     const Backups backups{QDir(root.path())};
+};
+
+} // namespace
+
+TEST_F(BackupsTest, AreOrdinarySetupFilesNamedForTheirPress)
+{
     SetupDataRecord record = defaultSetupData("TAMBRIX_R1.0.0");
     record.Value[20] = 77;
     const QString path = savedPath(backups.save(record, kNoon, QStringLiteral("A/B: \"2\". ")));
@@ -36,10 +40,8 @@ TEST(Backups, AreOrdinarySetupFilesNamedForTheirPress)
               root.filePath("Backups/2026-11-21 12-00-02 (2).sdt"));
 }
 
-TEST(Backups, KeepTheLastFiftyAndNobodyElsesFiles)
+TEST_F(BackupsTest, KeepTheLastFiftyAndNobodyElsesFiles)
 {
-    const QTemporaryDir root;
-    const Backups backups{QDir(root.path())};
     const SetupDataRecord record = defaultSetupData("V");
     for (int i = 0; i < 52; ++i)
         savedPath(backups.save(record, kNoon.addSecs(i), QStringLiteral("p")));
@@ -53,10 +55,8 @@ TEST(Backups, KeepTheLastFiftyAndNobodyElsesFiles)
     EXPECT_TRUE(own.exists());
 }
 
-TEST(Backups, SayWhyTheyCannotBeMade)
+TEST_F(BackupsTest, SayWhyTheyCannotBeMade)
 {
-    const QTemporaryDir root;
-    const Backups backups{QDir(root.path())};
     QFile inTheWay(root.filePath("Backups"));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     const auto result = backups.save(defaultSetupData("V"), kNoon, {});
@@ -65,10 +65,8 @@ TEST(Backups, SayWhyTheyCannotBeMade)
     EXPECT_FALSE(backups.lastRestore());
 }
 
-TEST(Backups, RememberWhatTheLastRestoreWrote)
+TEST_F(BackupsTest, RememberWhatTheLastRestoreWrote)
 {
-    const QTemporaryDir root;
-    const Backups backups{QDir(root.path())};
     const QString path = savedPath(backups.save(defaultSetupData("V"), kNoon, "p"));
     EXPECT_FALSE(backups.rememberRestore({path, {"W690", "B3282"}}));
     const auto last = backups.lastRestore();

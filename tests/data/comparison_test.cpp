@@ -7,7 +7,7 @@ using Kind = Concern::Kind;
 
 namespace {
 
-SetupDataRecord data(std::initializer_list<std::pair<int, std::int32_t>> values = {})
+SetupDataRecord data(const std::vector<std::pair<int, std::int32_t>>& values = {})
 {
     SetupDataRecord record = defaultSetupData("TAMBRIX_R1.0.0");
     for (const auto& [entry, value] : values)
@@ -52,78 +52,39 @@ TEST(Comparison, CountsWhatDiffersWithoutWhatAlwaysDoes)
 
 TEST(Comparison, JudgesByTheLimitsThatHoldAfterwards)
 {
+    using Values = std::vector<std::pair<int, std::int32_t>>;
     struct Case
     {
         const char* what;
-        SetupDataRecord left;
-        SetupDataRecord right;
+        Values left, right;
         int index;
         Concern concern;
-        bool ticked;
     };
+    const int label = kCurrentLabelSlot;
+    const Concern aboveOn{Kind::AboveMaximumOn, 120, 0};
     const Case cases[] = {
-        {"ordinary", data({{kOn, 85}}), data(), kOn, {}, true},
-        {"set-up range",
-         data({{kMaxCycle, 651}}),
-         data(),
-         kMaxCycle,
-         {Kind::OutsideRange, 140, 650},
-         false},
-        {"above maximum",
-         data({{kOn, 130}, {kMaxOn, 120}}),
-         data(),
-         kOn,
-         {Kind::AboveMaximumOn, 120, 0},
-         false},
-        {"maximum restored, too",
-         data({{kOn, 130}, {kMaxOn, 150}}),
-         data({{kMaxOn, 120}}),
-         kOn,
-         {},
-         true},
-        {"maximum stays out",
-         data({{kOn, 190}, {kMaxOn, 201}}),
-         data({{kMaxOn, 120}}),
-         kOn,
-         {Kind::AboveMaximumOn, 120, 0},
-         false},
-        {"ON for the restored CYCLE", data({{kOn, 80}, {kCycle, 140}}), data(), kOn, {}, true},
-        {"ON too long",
-         data({{kOn, 81}, {kCycle, 140}}),
-         data(),
-         kOn,
-         {Kind::OnTooLong, 200, 0},
-         false},
-        {"CYCLE above",
-         data({{kCycle, 501}}),
-         data(),
-         kCycle,
-         {Kind::AboveMaximumCycle, 500, 0},
-         false},
-        {"CYCLE short",
-         data({{kCycle, 120}, {kOn, 61}}),
-         data({{kOn, 61}}),
-         kCycle,
-         {Kind::CycleShort, 61, 0},
-         false},
-        {"no such byte", data({{kOn, 256}}), data(), kOn, {Kind::NotOnBoard, 0, 255}, false},
-        {"negative", data({{kCycle, -1}}), data(), kCycle, {Kind::NotOnBoard, 0, 65535}, false},
-        {"label number",
-         data({{kCurrentLabelSlot, 4}}),
-         data(),
-         kCurrentLabelSlot,
-         {Kind::LabelNumber, 0, 0},
-         false},
+        {"ordinary", {{kOn, 85}}, {}, kOn, {}},
+        {"set-up range", {{kMaxCycle, 651}}, {}, kMaxCycle, {Kind::OutsideRange, 140, 650}},
+        {"above maximum", {{kOn, 130}, {kMaxOn, 120}}, {}, kOn, aboveOn},
+        {"maximum restored, too", {{kOn, 130}, {kMaxOn, 150}}, {{kMaxOn, 120}}, kOn, {}},
+        {"maximum stays out", {{kOn, 190}, {kMaxOn, 201}}, {{kMaxOn, 120}}, kOn, aboveOn},
+        {"ON for the restored CYCLE", {{kOn, 80}, {kCycle, 140}}, {}, kOn, {}},
+        {"ON too long", {{kOn, 81}, {kCycle, 140}}, {}, kOn, {Kind::OnTooLong, 200, 0}},
+        {"CYCLE above", {{kCycle, 501}}, {}, kCycle, {Kind::AboveMaximumCycle, 500, 0}},
+        {"short", {{kCycle, 120}, {kOn, 61}}, {{kOn, 61}}, kCycle, {Kind::CycleShort, 61, 0}},
+        {"no such byte", {{kOn, 256}}, {}, kOn, {Kind::NotOnBoard, 0, 255}},
+        {"negative", {{kCycle, -1}}, {}, kCycle, {Kind::NotOnBoard, 0, 65535}},
+        {"label number", {{label, 4}}, {}, label, {Kind::LabelNumber, 0, 0}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        Comparison comparison(c.left, c.right);
+        Comparison comparison(data(c.left), data(c.right));
         comparison.tickOrdinary();
         const Concern found = entry(comparison, c.index).concern;
         if (std::string(c.what) != "ON too long") { // its CYCLE is out as well: judged below
             EXPECT_EQ(found, c.concern) << concernText(found).toStdString();
         }
-        EXPECT_EQ(entry(comparison, c.index).ticked, c.ticked);
+        EXPECT_EQ(entry(comparison, c.index).ticked, c.concern == Concern());
         comparison.tick({c.index}, true);
         EXPECT_EQ(entry(comparison, c.index).ticked, !c.concern.refused());
     }

@@ -16,21 +16,16 @@ TEST(ProgramFileName, ChangeTheExtensionOnly)
 
 TEST(ProgramFileName, ReadTheBoardTypeOfAProgram)
 {
-    struct Case
-    {
-        const char* content; ///< of the .FNX file; null: there is none
-        int type;
-    };
-    const Case cases[] = {{nullptr, 68}, {"", 68},      {"A,rest\r\n", 65}, {"2", 50},
-                          {",2", 68},    {"\r\n4", 68}, {"\xE9", 233}};
-    for (const Case& c : cases) {
+    const std::pair<QByteArray, int> cases[] = {{{}, 68},     {"", 68},   {"A,rest\r\n", 65},
+                                                {"2", 50},    {",2", 68}, {"\r\n4", 68},
+                                                {"\xE9", 233}};
+    for (const auto& [content, type] : cases) {
         const QTemporaryDir folder;
-        if (c.content != nullptr) {
+        if (!content.isNull()) {
             QFile file(folder.filePath("job.fnx")); // found whatever the case of its name
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(c.content);
+            file.write(content);
         }
-        EXPECT_EQ(ProgramFileTypeChar(folder.filePath("job.rev")), c.type)
-            << (c.content == nullptr ? "no file" : c.content);
+        EXPECT_EQ(ProgramFileTypeChar(folder.filePath("job.rev")), type) << content.toStdString();
     }
 }

@@ -73,19 +73,10 @@ struct RestoreRig : LinkRig
         for (const RestoreRow& row : rows) {
             SCOPED_TRACE(row.address);
             const int held = peek(row.address);
-            switch (row.state) {
-            case WriteState::NotWritten:
+            if (row.state == WriteState::NotWritten) {
                 EXPECT_NE(held, row.value);
-                break;
-            case WriteState::Written:
-            case WriteState::Verified:
-                EXPECT_EQ(held, row.value);
-                break;
-            case WriteState::Different:
-                EXPECT_EQ(held, row.found);
-                break;
-            case WriteState::Unknown:
-                break;
+            } else if (row.state != WriteState::Unknown) {
+                EXPECT_EQ(held, row.state == WriteState::Different ? row.found : row.value);
             }
         }
     }

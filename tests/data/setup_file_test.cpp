@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace tambrix {
 namespace {
 
@@ -55,13 +57,7 @@ TEST(SetupFile, TellsWhatIsWrong)
 {
     const std::string version(kVersion);
     const std::string addresses = version + std::string(kListHeadOf2) + "\x01\0A\x01\0B"s;
-    struct Case
-    {
-        const char* what;
-        std::string bytes;
-        SetupFileFault fault;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::string, SetupFileFault> cases[] = {
         {"version longer than the file", "\xFF\xFFTAMBRIX", SetupFileFault::Truncated},
         {"table", version + "\x02\0\x02\0\0\0\0\0\0\0"s, SetupFileFault::NotOneDimension},
         {"list from -1", version + "\x01\0\x02\0\0\0\xFF\xFF\xFF\xFF\0\0\0\0"s,
@@ -75,8 +71,8 @@ TEST(SetupFile, TellsWhatIsWrong)
         {"a thousand million values", addresses + "\x01\0\0\0\0\x40\0\0\0\0\0\0\0\0"s,
          SetupFileFault::Truncated},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(faultOf(c.bytes), c.fault) << c.what;
+    for (const auto& [what, bytes, fault] : cases)
+        EXPECT_EQ(faultOf(bytes), fault) << what;
 }
 
 TEST(SetupFile, HalfWrittenFileIsNeverTakenForAWholeOne)

@@ -4,19 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <tuple>
 
 using namespace tambrix;
-
-namespace {
-
-template <typename Expected> struct PointCase
-{
-    const char* addr;
-    std::int16_t board;
-    Expected expected;
-};
-
-} // namespace
 
 TEST(ParsedAddress, NamesTheRightBytes)
 {
@@ -63,7 +53,7 @@ TEST(ParsedAddress, NamesTheRightBytes)
 
 TEST(PointNames, AreTranslatedPerBoard)
 {
-    const PointCase<const char*> cases[] = {
+    const std::tuple<const char*, std::int16_t, const char*> cases[] = {
         {"X31.4", 49, "B50.4"},   {"Y141", 49, "B67"},    {"x30", 49, "B49"},
         {"X151.9", 50, "B191.7"}, {"Y0", 50, "B160"},     {"X11", 50, "B163"},
         {"X12", 50, "X12"},       {"i151", 50, "B223"},   {"I161", 50, "I161"},
@@ -73,13 +63,13 @@ TEST(PointNames, AreTranslatedPerBoard)
         {"X10.1", 61, "B51.1"},   {"Y11", 61, "B52"},     {"B100.0", 49, "B100.0"},
         {"Y142", 49, "Y142"},     {"W1298", 68, "W1298"}, {"", 49, ""},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(EquateAdd(c.addr, c.board), c.expected) << c.addr << " on " << c.board;
+    for (const auto& [addr, board, expected] : cases)
+        EXPECT_EQ(EquateAdd(addr, board), expected) << addr << " on " << board;
 }
 
 TEST(PointNames, AreCheckedAgainstTheBoardsRange)
 {
-    const PointCase<bool> cases[] = {
+    const std::tuple<const char*, std::int16_t, bool> cases[] = {
         {"B31", 68, false},   {"B32", 49, true},    {"B255", 49, true},   {"B256", 49, false},
         {"B8275", 68, true},  {"B8276", 50, false}, {"B65535", 69, true}, {"B65536", 55, false},
         {"w33", 68, false},   {"W8274", 68, true},  {"W8276", 68, false}, {"D256", 51, false},
@@ -89,8 +79,8 @@ TEST(PointNames, AreCheckedAgainstTheBoardsRange)
         {"Y1", 68, false},    {"X21", 69, true},    {"X30", 62, false},   {"B100.9", 68, true},
         {"Q0", 68, true},     {"I150", 49, true},   {"Q1", 68, false},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(ValidAdd(c.addr, c.board), c.expected) << c.addr << " on " << c.board;
+    for (const auto& [addr, board, expected] : cases)
+        EXPECT_EQ(ValidAdd(addr, board), expected) << addr << " on " << board;
 }
 
 TEST(OctalDigits, AreConvertedOnePositionOnly)

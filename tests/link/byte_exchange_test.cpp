@@ -57,47 +57,27 @@ TEST(SilentBoard, IsCalledAgainAfterRetry)
 TEST(DisturbedLine, IsQuietBeforeTheNextByte)
 {
     using Kind = LineFault::Kind;
+    constexpr LineFault kLost{Kind::LoseReply};
+    constexpr LineFault kLate{Kind::DelayReply, 0, 900ms};
     struct Case
     {
-        const char* name;
-        std::size_t exchange;
+        std::size_t exchange; ///< 0 and 1 are the handshake, 2 and 3 the frame
         LineFault fault;
         const char* trace; ///< of two reads
     };
-    // 0 and 1 are the handshake, 2 and 3 the frame. Attention's answer is neither data nor
-    // acknowledgement: the board has left its mode.
+    // Attention's answer is neither data nor acknowledgement: the board has left its mode. A late
+    // echo has cost it the half frame.
     const Case cases[] = {
-        {"attention lost",
-         0,
-         {Kind::LoseReply, 0, {}},
-         "FF +1000 FF <55 +602 01 <55 13 <13 EC <09 13 <13 EC <09"},
-        {"command lost",
-         1,
-         {Kind::LoseRequest, 0, {}},
-         "FF <55 01 +1000 FF <55 +602 FF <55 01 <55 13 <13 EC <09 13 <13 EC <09"},
-        {"command refused",
-         1,
-         {Kind::ChangeReply, 4, {}},
-         "FF <55 01 <51 +52 FF <55 01 <55 13 <13 EC <09 13 <13 EC <09"},
-        {"wrong echo",
-         2,
-         {Kind::ChangeReply, 1, {}},
-         "FF <55 01 <55 13 <12 +602 FF <55 01 <55 13 <13 EC <09"},
-        {"data lost",
-         3,
-         {Kind::LoseReply, 0, {}},
-         "FF <55 01 <55 13 <13 EC +1000 FF <55 +602 FF <55 01 <55 13 <13 EC <09"},
-        {"data late",
-         3,
-         {Kind::DelayReply, 0, 900ms},
-         "FF <55 01 <55 13 <13 EC <09 +902 13 <13 EC <09"},
-        {"echo late",
-         2,
-         {Kind::DelayReply, 0, 900ms}, // the board has dropped the half frame
-         "FF <55 01 <55 13 <13 +1502 FF <55 01 <55 13 <13 EC <09 13 <13 EC <09"},
+        {0, kLost, "FF +1000 FF <55 +602 01 <55 13 <13 EC <09 13 <13 EC <09"},
+        {1, {}, "FF <55 01 +1000 FF <55 +602 FF <55 01 <55 13 <13 EC <09 13 <13 EC <09"},
+        {1, {Kind::ChangeReply, 4}, "FF <55 01 <51 +52 FF <55 01 <55 13 <13 EC <09 13 <13 EC <09"},
+        {2, {Kind::ChangeReply, 1}, "FF <55 01 <55 13 <12 +602 FF <55 01 <55 13 <13 EC <09"},
+        {3, kLost, "FF <55 01 <55 13 <13 EC +1000 FF <55 +602 FF <55 01 <55 13 <13 EC <09"},
+        {3, kLate, "FF <55 01 <55 13 <13 EC <09 +902 13 <13 EC <09"},
+        {2, kLate, "FF <55 01 <55 13 <13 +1502 FF <55 01 <55 13 <13 EC <09 13 <13 EC <09"},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.trace);
         LinkRig rig;
         rig.board.press().stop();
         rig.board.poke(5100, 9);

@@ -30,16 +30,10 @@ TEST(MarkHex, IsTranslatedBothWaysAndReadInAnyForm)
 
 TEST(HexRecords, GoodImagesGiveTheirRecordsAndBadOnesTheLineAndTheReason)
 {
-    struct Case
-    {
-        const char* name;
-        std::string text;
-        std::string verdict;
-    };
     const std::string noMark = "The line does not begin with a record mark.";
     const std::string noDigit = "1: The record holds a character that is not a hexadecimal digit.";
     const std::string cut = "The record is cut short.";
-    const Case cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"lower case", ":03a01f00ab0fff00\r\n" + kEnd, "1"},
         {"mark digits", ":03:01?00:;0???00\r\n:00000001??\r\n", "1"},
         {"any type and checksum", ":03A01F99AB0FFFEE\r\n", "1"},
@@ -63,13 +57,13 @@ TEST(HexRecords, GoodImagesGiveTheirRecordsAndBadOnesTheLineAndTheReason)
          ":FF000000" + std::string(std::size_t{2} * 255, '0') + "01\r\n",
          "1: The record is too long for the target board."},
     };
-    for (const Case& c : cases) {
-        const HexImage image = parseHexImage(c.text);
-        EXPECT_EQ(verdict(image), c.verdict) << c.name;
+    for (const auto& [name, text, expected] : cases) {
+        const HexImage image = parseHexImage(text);
+        EXPECT_EQ(verdict(image), expected) << name;
         for (const HexRecord& record : image.records) {
-            EXPECT_FALSE(image.fault) << c.name; // nothing of a bad file may be loaded
-            EXPECT_EQ(record.address, 0xA01F) << c.name;
-            EXPECT_EQ(record.data, (std::vector<std::uint8_t>{0xAB, 0x0F, 0xFF})) << c.name;
+            EXPECT_FALSE(image.fault) << name; // nothing of a bad file may be loaded
+            EXPECT_EQ(record.address, 0xA01F) << name;
+            EXPECT_EQ(record.data, (std::vector<std::uint8_t>{0xAB, 0x0F, 0xFF})) << name;
         }
     }
 }

@@ -7,11 +7,8 @@ using namespace tambrix;
 TEST(BoardNames, FollowTheTypeCode)
 {
     const std::pair<std::int16_t, std::string> cases[] = {
-        {48, "0 Is Not Defined., library "},
         {49, "R110, library 1"},
-        {51, "R130, library ?"},
         {57, "Not Defined, library "},
-        {62, "Q720(PLS), library "},
         {65, "H810, library E"},
         {68, "Q900(PLC), library G"},
         {70, "F Is Not Defined., library "},

@@ -1,40 +1,33 @@
 #include "tests/link/checks.h"
 
+#include <tuple>
+
 using namespace tambrix;
 
 TEST(CommSettings, AreReadTolerantlyAndLeftAloneOrCreated)
 {
-    struct Case
-    {
-        const char* name;
-        const char* content; ///< none: there is no file and no folder
-        int port;
-        int speed;
-    };
-    const Case cases[] = {
+    // Without content there is no file and no folder.
+    const std::tuple<const char*, const char*, int, int> cases[] = {
         {"usual", "3,19200\r\n", 3, 19200},
         {"odd speed", "7,4800\r\n", 7, 9600},
         {"port too high", "250,9600\r\n", 99, 9600},
         {"port zero", "0,19200", 1, 19200},
         {"quoted", "\"4\",\"19200\"\n", 4, 19200},
-        {"byte-order mark",
-         "\xEF\xBB\xBF"
-         "3,19200\r\n",
-         3, 19200},
+        {"byte-order mark", "\xEF\xBB\xBF\063,19200\r\n", 3, 19200},
         {"no speed", "5", 5, 9600},
         {"rubbish", "\xFF\xFE??", 1, 9600},
         {"empty", "", 1, 9600},
         {"missing", nullptr, 1, 9600},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, given, number, speed] : cases) {
+        SCOPED_TRACE(name);
         LinkRig rig;
-        const std::string content = c.content != nullptr ? c.content : "";
-        if (c.content != nullptr)
+        const std::string content = given != nullptr ? given : "";
+        if (given != nullptr)
             rig.folder.write("Support/RSPort.cfg", content);
         rig.open();
-        EXPECT_EQ(rig.port.portNumber(), c.port);
-        EXPECT_EQ(rig.port.speed(), c.speed);
+        EXPECT_EQ(rig.port.portNumber(), number);
+        EXPECT_EQ(rig.port.speed(), speed);
         EXPECT_EQ(fileContent(rig.folder.path() / "Support/RSPort.cfg"),
                   content.empty() ? "1,9600\r\n" : content);
     }

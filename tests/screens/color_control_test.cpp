@@ -91,8 +91,11 @@ TEST_F(ColorControl, ALabelChangeLoadsSixteenDurationsAndReturnsTheFocus)
 {
     rig.board.pokeWord(map::kMaxCycle, 500);
     rig.board.poke(map::kMaxOn, 150);
-    rig.board.poke(map::labelOn(5, 2), 180);       // too long
-    rig.board.pokeWord(map::labelCycle(5, 3), 60); // shorter than its ON and 60
+    rig.board.poke(map::labelOn(5, 1), 150);
+    rig.board.poke(map::labelOn(5, 2), 151);                                         // too long
+    const std::uint16_t cycles[][2] = {{77, 200}, {79, 79}, {500, 500}, {501, 200}}; // ON is 18, 19
+    for (int d = 3; d < 7; ++d)
+        rig.board.pokeWord(map::labelCycle(5, d), cycles[d - 3][0]);
     openWithLabelSelect();
     enter(kLabel, "5");
     EXPECT_EQ(wire.to(686), std::vector<int>{5});
@@ -100,9 +103,11 @@ TEST_F(ColorControl, ALabelChangeLoadsSixteenDurationsAndReturnsTheFocus)
     ASSERT_TRUE(loaded(5));
     EXPECT_EQ(loadedBytes(), 24);
     EXPECT_EQ(rig.board.peek(map::workingOn(0)), 15);
+    EXPECT_EQ(rig.board.peek(map::workingOn(1)), 150);
     EXPECT_EQ(rig.board.peek(map::workingOn(2)), 0);
-    EXPECT_EQ(rig.board.peekWord(map::workingCycle(3)), 200);
-    EXPECT_EQ(rig.board.peek(map::labelOn(5, 2)), 180); // the label itself stays as it is
+    for (int d = 3; d < 7; ++d)
+        EXPECT_EQ(rig.board.peekWord(map::workingCycle(d)), cycles[d - 3][1]) << d;
+    EXPECT_EQ(rig.board.peek(map::labelOn(5, 2)), 151); // the label itself stays as it is
     EXPECT_EQ(label("lblColorCtrl(2)"), "0.0%");
     EXPECT_EQ(slot(13), 5);
     EXPECT_TRUE(PressRig::eventually([this] { return field(kLabel).hasFocus(); }));

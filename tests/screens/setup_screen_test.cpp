@@ -43,13 +43,7 @@ TEST_F(SetupTest, ATypedValueIsWrittenTwiceAndStoredAmongLabelSix)
 
 TEST_F(SetupTest, EveryFieldHasItsLimitsAndWhatIsRefusedShowsOneBox)
 {
-    struct Case
-    {
-        const char* field;
-        const char* typed;
-        const char* text;
-    };
-    const Case cases[] = {
+    const char* const cases[][3] = {
         {"txtSetup(0)", "139", "Only a Number Between 140 and 650 can be Entered"},
         {"txtSetup(0)", "651", "Only a Number Between 140 and 650 can be Entered"},
         {"txtSetup(1)", "201", "Only a Number Between 0 and 200 can be Entered"},
@@ -60,13 +54,13 @@ TEST_F(SetupTest, EveryFieldHasItsLimitsAndWhatIsRefusedShowsOneBox)
         {"txtSetup(3)", "149.5", "Error:\rEntry out of Range (0-255)."}};
     openOnline();
     wire.clear();
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.typed);
+    for (const auto& [name, typed, refusal] : cases) {
+        SCOPED_TRACE(typed);
         rig.person.boxes.clear();
-        enter(c.field, c.typed);
+        enter(name, typed);
         ASSERT_EQ(rig.person.boxes.size(), 1U);
-        EXPECT_EQ(rig.person.boxes[0].text, c.text);
-        field(c.field).endEditing();
+        EXPECT_EQ(rig.person.boxes[0].text, refusal);
+        field(name).endEditing();
     }
     EXPECT_TRUE(wire.to(690).empty());
     EXPECT_TRUE(wire.to(1014).empty());

@@ -8,7 +8,7 @@ namespace tambrix {
 
 namespace {
 
-Claim readAll(LinkRig& rig, std::initializer_list<const char*> addresses)
+Claim readAll(LinkRig& rig, const std::vector<const char*>& addresses)
 {
     Claim claim{true, {}};
     for (const char* addr : addresses) {
@@ -19,7 +19,7 @@ Claim readAll(LinkRig& rig, std::initializer_list<const char*> addresses)
     return claim;
 }
 
-Claim writeAll(LinkRig& rig, std::initializer_list<std::pair<const char*, const char*>> entries)
+Claim writeAll(LinkRig& rig, const std::vector<std::pair<const char*, const char*>>& entries)
 {
     Claim claim{true, {}};
     for (const auto& [addr, value] : entries) {
@@ -108,29 +108,40 @@ Claim reopen(LinkRig& rig)
     return {rig.link.OnlineMode, {}};
 }
 
-constexpr int kLabelUpload = transfer_code::kLabelData;
-constexpr int kSetupUpload = transfer_code::kSetupData;
-constexpr int kShiftUpload = transfer_code::kShiftData;
-constexpr int kDown = transfer_code::kDownload;
+using Run = std::function<Claim(LinkRig&)>;
+
+Run reads(const std::vector<const char*>& addresses)
+{
+    return [=](LinkRig& rig) { return readAll(rig, addresses); };
+}
+
+Run writes(const std::vector<std::pair<const char*, const char*>>& entries)
+{
+    return [=](LinkRig& rig) { return writeAll(rig, entries); };
+}
+
+Run moves(int code)
+{
+    return [=](LinkRig& rig) { return transfer(rig, code); };
+}
+
+/// A call that says whether it has done all.
+Run does(const std::function<bool(RSComm&)>& call)
+{
+    return [=](LinkRig& rig) { return Claim{call(rig.link), {}}; };
+}
 
 } // namespace
 
 const std::vector<Scenario>& scenarios()
 {
+    using namespace transfer_code;
     static const std::vector<Scenario> table = {
         {"off line and on line", reopen},
-        {"reads of every width",
-         [](LinkRig& rig) {
-             return readAll(rig, {"B692", "W690", "D940", "B694.3", "F119"});
-         }},
+        {"reads of every width", reads({"B692", "W690", "D940", "B694.3", "F119"})},
         {"writes of every width",
-         [](LinkRig& rig) {
-             return writeAll(rig, {{"B692", "77"}, {"W690", "4660"}, {"D940", "123456789"}});
-         }},
-        {"bits",
-         [](LinkRig& rig) {
-             return writeAll(rig, {{"F119", "0"}, {"B61.2", "1"}});
-         }},
+         writes({{"B692", "77"}, {"W690", "4660"}, {"D940", "123456789"}})},
+        {"bits", writes({{"F119", "0"}, {"B61.2", "1"}})},
         {"on-line edit",
          [](LinkRig& rig) {
              Claim claim = writeAll(rig, {{"W690", "1200"}});
@@ -138,45 +149,26 @@ const std::vector<Scenario>& scenarios()
              return Claim{claim.done && shown.done, shown.values};
          }},
         {"label load", loadLabel},
-        {"label upload", [](LinkRig& rig) { return transfer(rig, kLabelUpload); }},
-        {"label download", [](LinkRig& rig) { return transfer(rig, kLabelUpload + kDown); }},
-        {"set-up data upload", [](LinkRig& rig) { return transfer(rig, kSetupUpload); }},
-        {"set-up data download", [](LinkRig& rig) { return transfer(rig, kSetupUpload + kDown); }},
-        {"shift data upload", [](LinkRig& rig) { return transfer(rig, kShiftUpload); }},
-        {"target board pages",
-         [](LinkRig& rig) {
-             return readAll(rig, {"B8159", "B61424", "B61425", "B61432", "B61433", "B8176", "B8177",
-                                  "B8178", "B8180"});
-         }},
-        {"network address",
-         [](LinkRig& rig) {
-             return writeAll(rig, {{"B8180", "9"}, {"B8191", "9"}});
-         }},
+        {"label upload", moves(kLabelData)},
+        {"label download", moves(kLabelData + kDownload)},
+        {"set-up data upload", moves(kSetupData)},
+        {"set-up data download", moves(kSetupData + kDownload)},
+        {"shift data upload", moves(kShiftData)},
+        {"target board pages", reads({"B8159", "B61424", "B61425", "B61432", "B61433", "B8176",
+                                      "B8177", "B8178", "B8180"})},
+        {"network address", writes({{"B8180", "9"}, {"B8191", "9"}})},
         {"program download", loadProgram},
         {"limit switch: scale",
          [](LinkRig& rig) { return switchValue(rig.link.PLSScaleFactor()); }},
         {"limit switch: offset", [](LinkRig& rig) { return switchValue(rig.link.PLSOffset()); }},
         {"limit switch: setpoint",
-         [](LinkRig& rig) {
-             return Claim{rig.link.SingleSetpoint(4, 10, 300, true), {}};
-         }},
-        {"limit switch: train",
-         [](LinkRig& rig) {
-             return Claim{rig.link.PulseTrain(4, 10, 20, 0), {}};
-         }},
-        {"limit switch: clear",
-         [](LinkRig& rig) {
-             return Claim{rig.link.ClearPLSChan(4), {}};
-         }},
+         does([](RSComm& link) { return link.SingleSetpoint(4, 10, 300, true); })},
+        {"limit switch: train", does([](RSComm& link) { return link.PulseTrain(4, 10, 20, 0); })},
+        {"limit switch: clear", does([](RSComm& link) { return link.ClearPLSChan(4); })},
         {"limit switch: recall", recall},
-        {"limit switch: set offset",
-         [](LinkRig& rig) {
-             return Claim{rig.link.SetPLSOffset(50), {}};
-         }},
+        {"limit switch: set offset", does([](RSComm& link) { return link.SetPLSOffset(50); })},
         {"limit switch: download",
-         [](LinkRig& rig) {
-             return Claim{rig.link.PLSConfigDownload(countingConfig(), 720), {}};
-         }},
+         does([](RSComm& link) { return link.PLSConfigDownload(countingConfig(), 720); })},
         {"limit switch: upload", uploadSwitch},
     };
     return table;

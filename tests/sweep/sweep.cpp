@@ -1,19 +1,46 @@
-#include "tests/sweep/sweep.h"
+// The fault sweep: every scenario, every fault, at every exchange, on both kinds of board.
+//   sweep          a sample: every 37th exchange, some faults of each kind
+//   sweep --full   everything; prints the table
+// Ends with 1 when something happened that must never happen.
 
 #include "simulator/memory_map.h"
 #include "tests/support/board_bytes.h"
+#include "tests/support/line_faults.h"
 #include "tests/support/wire_writes.h"
+#include "tests/sweep/scenario.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
 #include <exception>
 #include <functional>
 #include <iterator>
+#include <numeric>
 
-namespace tambrix {
+using namespace tambrix;
 
 namespace {
 
 using namespace std::chrono_literals;
+
+/// How a disturbed session can end, the worst last.
+enum class Ending {
+    Right,         ///< all done, and so it says
+    Reported,      ///< not all done, and so it says
+    WrongRead,     ///< a wrong value was taken for a right one
+    WronglyStored, ///< a register of the session holds something else than the session says
+    Foreign,       ///< a register that is none of the session's has changed
+    Stuck,         ///< the link does not work afterwards
+    Hang,
+    Crash
+};
+constexpr std::size_t kForbidden = 8; ///< how many of them must not happen: the last count
+
+using EndingCounts = std::array<std::size_t, kForbidden + 1>;
+
+/// What a board does with a frame whose other half does not come.
+enum class HalfFrames { Dropped, Kept };
 
 struct SweepRig : LinkRig
 {
@@ -67,22 +94,28 @@ bool worksAgain(SweepRig& rig)
            rig.link.RSRead("B8159") == std::to_string(rig.board.peek(8159));
 }
 
-} // namespace
-
-CleanRun::CleanRun(const Scenario& scenario, HalfFrames halves)
+/// A scenario as it goes on an undisturbed line: what is right.
+struct CleanRun
 {
-    SweepRig rig(halves);
-    before = rig.snapshot();
-    WireWrites wire(rig.line);
-    claim = scenario.run(rig);
-    exchanges = rig.line.exchanges();
-    after = rig.snapshot();
-    std::ranges::transform(before, after, std::back_inserter(own), std::not_equal_to());
-    for (const WireWrite& write : wire.writes)
-        own[static_cast<std::size_t>(write.address)] = 1;
-}
+    CleanRun(const Scenario& scenario, HalfFrames halves)
+    {
+        SweepRig rig(halves);
+        before = rig.snapshot();
+        WireWrites wire(rig.line);
+        claim = scenario.run(rig);
+        exchanges = rig.line.exchanges();
+        after = rig.snapshot();
+        std::ranges::transform(before, after, std::back_inserter(own), std::not_equal_to());
+        for (const WireWrite& write : wire.writes)
+            own[static_cast<std::size_t>(write.address)] = 1;
+    }
 
-namespace {
+    Claim claim;
+    std::size_t exchanges = 0;
+    std::vector<std::uint8_t> before; ///< all that a session can change
+    std::vector<std::uint8_t> after;
+    std::vector<char> own; ///< not 0: a place in `before` that the session writes
+};
 
 Ending judge(SweepRig& rig, const CleanRun& clean, const Claim& claim)
 {
@@ -116,17 +149,9 @@ Ending runDisturbed(const Scenario& scenario, const CleanRun& clean, const LineF
     }
 }
 
-} // namespace
-
-EndingCounts sweepScenario(const Scenario& scenario, HalfFrames halves, const CleanRun& clean,
-                           const NamedFault& fault, std::size_t first, std::size_t stride)
-{
-    EndingCounts counts{};
-    for (std::size_t k = first; k < clean.exchanges; k += stride)
-        ++counts[static_cast<std::size_t>(runDisturbed(scenario, clean, fault.fault, k, halves))];
-    return counts;
-}
-
+/// Whether an ending is a fault of the program: never may it hang, crash or be stuck; where
+/// the board drops half frames no foreign register may change, and where no wrong byte came
+/// nothing wrong may be believed.
 bool isForbidden(Ending ending, const NamedFault& fault, HalfFrames halves)
 {
     if (ending >= Ending::Stuck)
@@ -136,4 +161,75 @@ bool isForbidden(Ending ending, const NamedFault& fault, HalfFrames halves)
     return ending == Ending::Foreign || (ending > Ending::Reported && !fault.bringsWrongByte());
 }
 
-} // namespace tambrix
+/// Runs a scenario with `fault` at every `stride`-th exchange from `first` on.
+EndingCounts sweepScenario(const Scenario& scenario, HalfFrames halves, const CleanRun& clean,
+                           const NamedFault& fault, std::size_t first, std::size_t stride)
+{
+    EndingCounts counts{};
+    for (std::size_t k = first; k < clean.exchanges; k += stride) {
+        const Ending ending = runDisturbed(scenario, clean, fault.fault, k, halves);
+        ++counts[static_cast<std::size_t>(ending)];
+        counts[kForbidden] += isForbidden(ending, fault, halves) ? 1 : 0;
+    }
+    return counts;
+}
+
+constexpr std::size_t kSampleStride = 37;
+
+void printRow(const std::string& name, const EndingCounts& counts)
+{
+    std::printf("%-26s%8zu", name.c_str(),
+                std::accumulate(counts.begin(), counts.end() - 1, std::size_t{0}));
+    for (const std::size_t count : counts)
+        std::printf("%10zu", count);
+    std::printf("\n");
+}
+
+void addTo(EndingCounts& sum, const EndingCounts& counts)
+{
+    std::ranges::transform(sum, counts, sum.begin(), std::plus());
+}
+
+/// Prints the table of one kind of board; returns how often something forbidden happened.
+std::size_t sweepBoard(HalfFrames halves, const std::vector<NamedFault>& faults, std::size_t stride)
+{
+    std::printf("\nA board that %s half frames\n%-26s%8s%10s%10s%10s%10s%10s%10s%10s%10s%10s\n",
+                halves == HalfFrames::Dropped ? "drops" : "keeps", "", "runs", "right", "reported",
+                "misread", "misstored", "foreign", "stuck", "hang", "crash", "forbidden");
+    std::vector<EndingCounts> perFault(faults.size());
+    EndingCounts all{};
+    for (const Scenario& scenario : scenarios()) {
+        EndingCounts sum{};
+        const CleanRun clean(scenario, halves);
+        for (std::size_t i = 0; i < faults.size(); ++i) {
+            const EndingCounts counts =
+                sweepScenario(scenario, halves, clean, faults[i], 5 * i % stride, stride);
+            addTo(sum, counts);
+            addTo(perFault[i], counts);
+        }
+        printRow(scenario.name, sum);
+        addTo(all, sum);
+    }
+    printRow("all", all);
+    std::printf("\n");
+    for (std::size_t i = 0; i < faults.size(); ++i)
+        printRow("  " + faults[i].name, perFault[i]);
+    return all[kForbidden];
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const bool full = argc > 1 && std::strcmp(argv[1], "--full") == 0;
+    auto faults = full ? everyFault() : faultSample();
+    // Only answers: a lost byte of a program record is noticed when the rest has been stored.
+    std::erase_if(faults, [](const NamedFault& fault) {
+        return fault.fault.kind == LineFault::Kind::LoseRequest;
+    });
+    const std::size_t stride = full ? 1 : kSampleStride;
+    std::size_t forbidden = 0;
+    for (const HalfFrames halves : {HalfFrames::Dropped, HalfFrames::Kept})
+        forbidden += sweepBoard(halves, faults, stride);
+    return forbidden == 0 ? 0 : 1;
+}
