@@ -27,6 +27,7 @@ std::vector<std::optional<std::int32_t>> expectations(const SetupDataRecord* exp
 std::vector<std::string> runningAddresses()
 {
     std::vector<std::string> addresses;
+    addresses.reserve(2 * kDuctors + 1);
     for (int d = 0; d < kDuctors; ++d)
         addresses.push_back(addressOf(reg::kWorkingOn, d));
     for (int d = 0; d < kDuctors; ++d)
