@@ -154,6 +154,7 @@ bool CompareSession::changedSince(const SetupDataRecord& now, const std::vector<
 {
     const Comparison since(m_rightData, now);
     std::vector<std::string> ticked;
+    ticked.reserve(rows.size());
     int changed = 0;
     for (const RestoreRow& row : rows)
         ticked.push_back(row.address);
