@@ -125,6 +125,28 @@ ProgramFolders foldersFor(const CommandLine& line, const QTemporaryDir& scratch)
     return folders;
 }
 
+/// Shows the window, as it was left the last time, and runs the program to its end.
+int showAndRun(MainWindow& window, BuiltInController& controller, const CommandLine& line)
+{
+    const bool demo = !line.demoFolder.isEmpty(); // leaves no trace on the user's machine
+    std::optional<WindowMemory> memory;
+    if (!demo) {
+        memory.emplace(window, userSettings());
+        window.files().recent().keepIn(userSettings());
+        window.tools().keepIn(userSettings());
+    }
+    window.show();
+    if (!line.setupFile.isEmpty())
+        QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
+
+    DemoStage stage(window, controller.board(), controller.line(), QDir(line.demoFolder));
+    if (!line.demoSize.isEmpty())
+        stage.setSize(line.demoSize);
+    if (demo)
+        stage.run(demonstration(stage));
+    return QApplication::exec();
+}
+
 int runProgram(const CommandLine& line)
 {
     SteadyClock clock;
@@ -157,23 +179,7 @@ int runProgram(const CommandLine& line)
     const FirstRun firstRun(state, line.simulate);
     addLookTools(window, state.programFolder.path());
 
-    const bool demo = !line.demoFolder.isEmpty(); // leaves no trace on the user's machine
-    std::optional<WindowMemory> memory;
-    if (!demo) {
-        memory.emplace(window, userSettings());
-        window.files().recent().keepIn(userSettings());
-        window.tools().keepIn(userSettings());
-    }
-    window.show();
-    if (!line.setupFile.isEmpty())
-        QTimer::singleShot(0, &window, [&] { window.files().openFile(line.setupFile); });
-
-    DemoStage stage(window, controller.board(), controller.line(), QDir(line.demoFolder));
-    if (!line.demoSize.isEmpty())
-        stage.setSize(line.demoSize);
-    if (demo)
-        stage.run(demonstration(stage));
-    return QApplication::exec();
+    return showAndRun(window, controller, line);
 }
 
 /// Looked up before the window system takes the option out of the arguments.
