@@ -35,15 +35,10 @@ TEST(CommandLineTest, TakesAFileAndWhereToFindThings)
     EXPECT_TRUE(parse({"--demo", folder.path()}).simulate);
 }
 
-TEST(CommandLineTest, SaysWhatItCannotDo)
+TEST(CommandLineTest, SaysWhatItCannotDoAndHelps)
 {
-    struct Case
-    {
-        QStringList arguments;
-        const char* said;
-    };
     const QString here = QDir::tempPath();
-    const Case cases[] = {
+    const std::pair<QStringList, const char*> cases[] = {
         {{"--sim"}, "sim"},
         {{"a.sdt", "b.sdt"}, "Unexpected argument 'b.sdt'."},
         {{"no such file.sdt"}, "The file 'no such file.sdt' does not exist."},
@@ -55,16 +50,12 @@ TEST(CommandLineTest, SaysWhatItCannotDo)
         {{"--demo", ""}, "--demo needs a value."},
         {{"--demo"}, "demo"},
     };
-    for (const Case& c : cases) {
-        const CommandLine line = parse(c.arguments);
-        EXPECT_EQ(line.exitCode, 2) << c.said;
-        EXPECT_TRUE(line.text.contains(QLatin1String(c.said))) << qPrintable(line.text);
+    for (const auto& [arguments, said] : cases) {
+        const CommandLine line = parse(arguments);
+        EXPECT_EQ(line.exitCode, 2) << said;
+        EXPECT_TRUE(line.text.contains(QLatin1String(said))) << qPrintable(line.text);
         EXPECT_TRUE(line.text.endsWith("Try 'tambrix --help'.\n")) << qPrintable(line.text);
     }
-}
-
-TEST(CommandLineTest, HelpAndVersionAreNoErrors)
-{
     EXPECT_EQ(parse({"-platform", "offscreen", "--style=Fusion"}).text, "");
     EXPECT_EQ(parse({"--help"}).exitCode, 0);
     EXPECT_TRUE(parse({"-h"}).text.contains("--serial-device <PATH>"));

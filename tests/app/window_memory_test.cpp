@@ -7,16 +7,11 @@
 
 using namespace tambrix;
 
-namespace {
-
-struct WindowMemoryTest : testing::Test
+TEST(WindowMemoryTest, AWindowComesBackWhereItWas)
 {
-    QTemporaryDir folder;
-    QString ini = folder.filePath("new folder/tambrix.ini");
-
-    /// Where a window of that memory comes up; then it is moved, when asked for, and closed.
-    QRect openedAt(QRect moveTo = {})
-    {
+    const QTemporaryDir folder;
+    // where a window of that memory comes up; then it is moved, when asked for, and closed
+    const auto openedAt = [ini = folder.filePath("new folder/tambrix.ini")](QRect moveTo) {
         QWidget window;
         window.resize(400, 300);
         const WindowMemory memory(window, ini);
@@ -25,15 +20,9 @@ struct WindowMemoryTest : testing::Test
         if (moveTo.isValid())
             window.setGeometry(moveTo);
         return place;
-    }
-};
-
-} // namespace
-
-TEST_F(WindowMemoryTest, AWindowComesBackWhereItWas)
-{
+    };
     const QRect place(120, 90, 512, 384);
     EXPECT_EQ(openedAt(place).size(), QSize(400, 300)); // nothing is known yet
-    EXPECT_EQ(openedAt(), place);
-    EXPECT_EQ(openedAt(), place); // and stays there
+    EXPECT_EQ(openedAt({}), place);
+    EXPECT_EQ(openedAt({}), place); // and stays there
 }

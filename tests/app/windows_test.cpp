@@ -75,16 +75,9 @@ struct WholeProgram
     static constexpr int kTurnsOfAPass = 80;
 };
 
-class Windows : public testing::TestWithParam<double>
+struct Windows : testing::TestWithParam<double>, WholeProgram
 {
-protected:
-    void show(int index, QSize size) { m_program.show(index, size); }
-
-private:
-    WholeProgram m_program{GetParam()};
-
-protected:
-    WindowRig& rig = m_program.rig;
+    Windows() : WholeProgram(GetParam()) {}
 };
 
 std::vector<std::unique_ptr<QWidget>> dialogs(ProgramState& state)

@@ -108,7 +108,7 @@ TEST(HelpDeskTest, FindsTheNearestThingThatTheHelpKnows)
     EXPECT_EQ(rig.place(QWidget()), "");
 }
 
-TEST(HelpDeskTest, F1OpensTheTopicOfTheScreenInFront)
+TEST(HelpDeskTest, F1OpensTheTopicOfWhatIsInFront)
 {
     DeskRig rig;
     QTest::keyClick(rig.window->findChild<QWidget*>("txtMessageDisplay"), Qt::Key_F1);
@@ -117,12 +117,7 @@ TEST(HelpDeskTest, F1OpensTheTopicOfTheScreenInFront)
     rig.openHelp()->close();
     QTest::keyClick(rig.window.get(), Qt::Key_F1, Qt::ShiftModifier);
     EXPECT_EQ(rig.openHelp(), nullptr);
-}
-
-TEST(HelpDeskTest, OverAModalDialogHelpBelongsToIt)
-{
-    DeskRig rig;
-    {
+    { // over a modal dialog help belongs to it
         ReportSetup dialog(rig.state, {});
         dialog.setModal(true);
         dialog.show();

@@ -3,11 +3,7 @@
 #include "help/system_info_window.h"
 #include "tests/support/press_rig.h"
 
-#include <QClipboard>
 #include <QFile>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QPushButton>
 
 #include <gtest/gtest.h>
 
@@ -56,11 +52,4 @@ TEST(SystemInformation, TellsSettingsAndFoldersAndTouchesNone)
     rig.goOnline(); // writes the settings file
     EXPECT_EQ(fact("RSPort.cfg"), "1,9600");
     EXPECT_EQ(fact("Mode"), "ONLINE");
-}
-
-TEST(SystemInfoWindowTest, CopyTakesEveryLine)
-{
-    SystemInfoWindow window({{"Program", "TAMBRIX"}, {"Mode", "ONLINE"}});
-    window.findChild<QPushButton*>("cmdSysInfoCopy")->click();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Program: TAMBRIX\nMode: ONLINE\n");
 }

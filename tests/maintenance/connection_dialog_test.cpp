@@ -9,9 +9,13 @@
 #include <QRadioButton>
 #include <QSpinBox>
 
+#include <array>
+
 using namespace tambrix;
 
 namespace {
+
+const Connection kServer{Connection::Kind::Server, {}, "press4", 4007};
 
 struct ConnectionRig : MaintenanceRig
 {
@@ -33,12 +37,17 @@ struct ConnectionRig : MaintenanceRig
     {
         return controlNamed<Control>(*dialog, name);
     }
+    void chooseServer(const char* host)
+    {
+        choose("optByServer");
+        control<QLineEdit>("txtHost").setText(host);
+        control<QSpinBox>("txtTcpPort").setValue(4007);
+        save();
+    }
     void choose(const char* option) { control<QRadioButton>(option).setChecked(true); }
     void save() { control<QPushButton>("cmdSave").click(); }
     Connection kept() const { return readConnection(choice.file); }
 };
-
-const Connection kServer{Connection::Kind::Server, {}, "press4", 4007};
 
 } // namespace
 
@@ -49,10 +58,7 @@ TEST(ConnectionDialogTest, KeepsWhatIsChosenAndOpensTheLinkAnew)
     rig.show();
     EXPECT_TRUE(rig.control<QRadioButton>("optByNumber").isChecked());
     EXPECT_FALSE(rig.control<QLineEdit>("txtHost").isEnabled());
-    rig.choose("optByServer");
-    rig.control<QLineEdit>("txtHost").setText(" press4 ");
-    rig.control<QSpinBox>("txtTcpPort").setValue(4007);
-    rig.save();
+    rig.chooseServer(" press4 ");
     EXPECT_FALSE(rig.dialog->isVisible());
     EXPECT_EQ(rig.kept(), kServer);
     EXPECT_EQ(rig.uses, std::vector{kServer});
@@ -75,23 +81,19 @@ TEST(ConnectionDialogTest, RefusesWhatIsNoAddressAndNamesAFileThatCannotBeWritte
 {
     ConnectionRig rig;
     rig.show();
-    const struct
-    {
-        const char* option;
-        const char* text;
-        const char* said;
-    } cases[] = {{"optByServer", "", "serial server's name"},
-                 {"optByServer", "a/b", "serial server's name"},
-                 {"optByServer", "press 4", "serial server's name"},
-                 {"optByDevice", "", "serial device's name"},
-                 {"optByDevice", "tcp://press4:1", "serial device's name"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
-        rig.choose(c.option);
-        rig.control<QLineEdit>("txtHost").setText(c.text);
-        rig.control<QComboBox>("cmbDevice").setEditText(c.text);
+    const std::array<const char*, 3> cases[] = {
+        {"optByServer", "", "serial server's name"},
+        {"optByServer", "a/b", "serial server's name"},
+        {"optByServer", "press 4", "serial server's name"},
+        {"optByDevice", "", "serial device's name"},
+        {"optByDevice", "tcp://press4:1", "serial device's name"}};
+    for (const auto& [option, text, said] : cases) {
+        SCOPED_TRACE(text);
+        rig.choose(option);
+        rig.control<QLineEdit>("txtHost").setText(text);
+        rig.control<QComboBox>("cmbDevice").setEditText(text);
         rig.save();
-        EXPECT_NE(rig.lastText().find(c.said), std::string::npos) << rig.lastText();
+        EXPECT_NE(rig.lastText().find(said), std::string::npos) << rig.lastText();
         EXPECT_TRUE(rig.dialog->isVisible());
     }
     QDir(rig.folder.path()).mkpath("Connection.cfg/in-the-way");
@@ -108,10 +110,7 @@ TEST(ConnectionDialogTest, WhatTheProgramWasStartedWithGoesBefore)
     rig.goOnline();
     rig.show();
     EXPECT_TRUE(rig.control<QLabel>("lblOverridden").text().contains("--serial-device COM9"));
-    rig.choose("optByServer");
-    rig.control<QLineEdit>("txtHost").setText("press4");
-    rig.control<QSpinBox>("txtTcpPort").setValue(4007);
-    rig.save();
+    rig.chooseServer("press4");
     EXPECT_EQ(rig.kept(), kServer);
     EXPECT_TRUE(rig.uses.empty());
     EXPECT_TRUE(rig.port.isOpen());

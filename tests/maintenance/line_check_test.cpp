@@ -4,6 +4,7 @@
 #include "tests/support/link_rig.h"
 
 #include <set>
+#include <tuple>
 
 using namespace tambrix;
 using namespace std::chrono_literals;
@@ -56,10 +57,16 @@ struct CheckRig
         return checkLine({port, clock, {3, "9600"}, connection, "COM3", [this] { return access; }});
     }
 
-    void faults(std::size_t from, std::size_t to, LineFault fault)
+    void unplug(bool exists, bool permitted, const char* group = "", const char* holder = "")
+    {
+        line.unplug();
+        access = {exists, permitted, group, holder};
+    }
+
+    void disturb(std::size_t from, std::size_t to, LineFault::Kind fault, SimTime delay = {})
     {
         for (std::size_t i = from; i < to; ++i)
-            line.setFault(i, fault);
+            line.setFault(i, {fault, 0x10, delay});
     }
 };
 
@@ -67,59 +74,32 @@ struct CheckRig
 
 TEST(LineCheckTest, TellsWhatIsWrongAndPutsTheSpeedBack)
 {
-    const struct
-    {
-        Kind kind;
-        void (*arrange)(CheckRig&);
-        const char* said;
-    } cases[] = {
-        {Kind::InOrder, [](CheckRig&) {}, "all 40 answers"},
-        {Kind::WrongSpeed, [](CheckRig& rig) { rig.line.setBaud(19200); }, "19200"},
-        {Kind::Silent, [](CheckRig& rig) { rig.board.setPowered(false); }, "Both speeds"},
-        {Kind::Noise,
-         [](CheckRig& rig) {
-             rig.faults(3, 5, {LineFault::Kind::ChangeReply, 0x10});
-         },
-         "2 of 40 answers"},
-        {Kind::Noise, [](CheckRig& rig) { rig.faults(7, 8, {LineFault::Kind::LoseReply}); },
-         "1 of 40 answers"},
-        {Kind::Slow,
-         [](CheckRig& rig) {
-             rig.faults(0, 40, {LineFault::Kind::DelayReply, 0, 16ms});
-         },
-         "latency timer"},
-        {Kind::PortMissing,
-         [](CheckRig& rig) {
-             rig.line.unplug();
-             rig.access.exists = false;
-         },
-         "COM3 is not there"},
-        {Kind::NoPermission,
-         [](CheckRig& rig) {
-             rig.line.unplug();
-             rig.access = {true, false, "dialout", {}};
-         },
-         "\"dialout\""},
-        {Kind::PortInUse,
-         [](CheckRig& rig) {
-             rig.line.unplug();
-             rig.access.holder = "modem (process 12)";
-         },
-         "in use by modem (process 12)"},
-        {Kind::NoConnection,
-         [](CheckRig& rig) {
-             rig.line.unplug();
+    using Fault = LineFault::Kind;
+    const std::tuple<Kind, const char*, void (*)(CheckRig&)> cases[] = {
+        {Kind::InOrder, "all 40 answers", [](auto&) {}},
+        {Kind::WrongSpeed, "19200", [](auto& rig) { rig.line.setBaud(19200); }},
+        {Kind::Silent, "Both speeds", [](auto& rig) { rig.board.setPowered(false); }},
+        {Kind::Noise, "2 of 40 answers", [](auto& rig) { rig.disturb(3, 5, Fault::ChangeReply); }},
+        {Kind::Noise, "1 of 40 answers", [](auto& rig) { rig.disturb(7, 8, Fault::LoseReply); }},
+        {Kind::Slow, "latency timer",
+         [](auto& rig) { rig.disturb(0, 40, Fault::DelayReply, 16ms); }},
+        {Kind::PortMissing, "COM3 is not there", [](auto& rig) { rig.unplug(false, true); }},
+        {Kind::NoPermission, "\"dialout\"", [](auto& rig) { rig.unplug(true, false, "dialout"); }},
+        {Kind::PortInUse, "in use by modem (process 12)",
+         [](auto& rig) { rig.unplug(true, true, "", "modem (process 12)"); }},
+        {Kind::NoConnection, "serial server",
+         [](auto& rig) {
+             rig.unplug(true, true);
              rig.connection = {Connection::Kind::Server, {}, "press4", 4001};
-         },
-         "serial server"},
+         }},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.said);
+    for (const auto& [kind, said, arrange] : cases) {
+        SCOPED_TRACE(said);
         CheckRig rig;
-        c.arrange(rig);
+        arrange(rig);
         const LineFinding finding = rig.check();
-        EXPECT_EQ(finding.kind, c.kind) << finding.what.toStdString();
-        EXPECT_TRUE((finding.what + finding.toDo).contains(c.said))
+        EXPECT_EQ(finding.kind, kind) << finding.what.toStdString();
+        EXPECT_TRUE((finding.what + finding.toDo).contains(said))
             << (finding.what + finding.toDo).toStdString();
         EXPECT_FALSE(finding.toDo.isEmpty());
         EXPECT_FALSE(rig.port.isOpen());

@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QTimerEvent>
 
+#include <tuple>
+
 using namespace tambrix;
 
 namespace {
@@ -74,44 +76,35 @@ TEST(DownloadProgram, LoadsThePickedProgramOnLine)
 TEST(DownloadProgram, EveryRefusalEndsIt)
 {
     constexpr auto kYes = BoxAnswer::Yes;
-    struct Refusal
-    {
-        bool online, powered;
-        std::deque<BoxAnswer> answers; ///< then No and Cancel
-        char boardType;                ///< of the program that is picked; 0: none is
-        const char* titles;            ///< of the boxes
-    };
+    constexpr auto kCancel = BoxAnswer::Cancel;
+    // the boxes; online and powered; answers, then No and Cancel; type of the program, 0: none
+    using Refusal = std::tuple<std::string, bool, bool, std::deque<BoxAnswer>, char>;
+    const std::string offline = "Program Offline;";
+    const std::string question = "Program Download;";
+    const std::string fault = "WARNING - Communication Error!;";
     const Refusal refusals[] = {
-        {false, true, {}, 'D', "Program Offline;"},
-        {true, true, {}, 0, ""},
-        {true, true, {}, 'D', "Program Download;"},
-        {false, true, {kYes}, 'D', "Program Offline;Program Download;"},
-        {true, true, {kYes}, 'E', "PLS Program Download;"},
-        {true,
-         true,
-         {kYes},
-         'D',
-         "Program Download;Program Download - [DUCTCTR2];Program Download;"},
+        {offline, false, true, {}, 'D'},
+        {"", true, true, {}, 0},
+        {question, true, true, {}, 'D'},
+        {offline + question, false, true, {kYes}, 'D'},
+        {"PLS Program Download;", true, true, {kYes}, 'E'},
+        {question + "Program Download - [DUCTCTR2];" + question, true, true, {kYes}, 'D'},
         // no board: goes on to the transfer, which refuses
-        {false,
-         false,
-         {kYes, BoxAnswer::Cancel, kYes},
-         'D',
-         "Program Offline;WARNING - Communication Error!;Program Download;Program Download;"}};
-    for (const Refusal& refusal : refusals) {
-        SCOPED_TRACE(refusal.titles);
+        {offline + fault + question + question, false, false, {kYes, kCancel, kYes}, 'D'}};
+    for (const auto& [expected, online, powered, answers, boardType] : refusals) {
+        SCOPED_TRACE(expected);
         CommandRig rig;
-        if (refusal.online)
+        if (online)
             rig.goOnline();
-        rig.board.setPowered(refusal.powered);
-        if (refusal.boardType != 0)
-            rig.person.chosenFiles = {rig.writeProgram(refusal.boardType)};
-        rig.person.answers = refusal.answers;
+        rig.board.setPowered(powered);
+        if (boardType != 0)
+            rig.person.chosenFiles = {rig.writeProgram(boardType)};
+        rig.person.answers = answers;
         rig.commands.downloadProgram();
         std::string titles;
         for (const OperatorBox& box : rig.person.boxes)
             titles += box.title + ";";
-        EXPECT_EQ(titles, refusal.titles);
+        EXPECT_EQ(titles, expected);
         EXPECT_EQ(rig.board.program().recordsTaken, 0u);
         EXPECT_TRUE(rig.poll.isActive());
     }

@@ -13,6 +13,7 @@
 
 #include <array>
 #include <memory>
+#include <tuple>
 
 using namespace tambrix;
 
@@ -67,15 +68,6 @@ struct BoardRig : MaintenanceRig
     }
     NumericEntryField& entry(int index) { return nth<NumericEntryField>("txtSetup", index); }
     QString field(int index) { return entry(index).text(); }
-    /// Types into network address 1 and leaves it there.
-    NumericEntryField& typeAddress(const char* keys)
-    {
-        NumericEntryField& address = entry(0);
-        address.setFocus();
-        turns(5);
-        QTest::keyClicks(&address, keys);
-        return address;
-    }
     bool shown(const char* name) { return label(name).isVisibleTo(label(name).parentWidget()); }
 };
 
@@ -83,34 +75,31 @@ struct BoardRig : MaintenanceRig
 
 TEST(TargetBoardWindow, ShowsFaultsWithTextAndCorrectiveAction)
 {
-    struct Case
-    {
-        const char* name;
-        int current, last, error, lastError;
-        bool resettable;
-    };
-    const Case cases[] = {{"none", 0, 0, 0, 0, false},
-                          {"all four", 0x1F, 0x45, 0x42, 0x12, true},
-                          {"letters do not enable the reset", 0x0A, 0xA5, 0xFF, 0x0C, false},
-                          {"an error alone does", 0, 0, 1, 0, true}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    // name; current fault, last fault, current error, last error; whether they can be reset
+    const std::tuple<const char*, int, int, int, int, bool> cases[] = {
+        {"none", 0, 0, 0, 0, false},
+        {"all four", 0x1F, 0x45, 0x42, 0x12, true},
+        {"letters do not enable the reset", 0x0A, 0xA5, 0xFF, 0x0C, false},
+        {"an error alone does", 0, 0, 1, 0, true}};
+    for (const auto& [name, current, last, error, lastError, resettable] : cases) {
+        SCOPED_TRACE(name);
         BoardRig rig;
-        const std::array codes = {c.current, c.last, c.lastError, c.error};
+        const std::array codes = {current, last, lastError, error};
         for (std::size_t i = 0; i < codes.size(); ++i)
             rig.board.poke(kFaultRegisters[i], static_cast<std::uint8_t>(codes[i]));
         rig.showOnline();
         const QString captions = rig.code(0) + rig.code(1) + rig.code(4) + rig.code(5);
-        EXPECT_EQ(captions,
-                  QStringLiteral("Current Fault: Code = %1HLast Fault: Code = %2H"
-                                 "Current Comm Error: Code = %3HLast Comm Error: Code = %4H")
-                      .arg(codeText(c.current), codeText(c.last), codeText(c.error),
-                           codeText(c.lastError)));
-        EXPECT_EQ(rig.text(3), correctiveAction(c.last));
-        EXPECT_EQ(rig.button("cmdResetFaults").isEnabled(), c.resettable);
-        if (c.current != 0x1F)
-            continue;
-        EXPECT_EQ(rig.text(0) + rig.text(1) + rig.text(4) + rig.text(5), "CO-CPUUserBrokenNetwork");
+        EXPECT_EQ(
+            captions,
+            QStringLiteral("Current Fault: Code = %1HLast Fault: Code = %2H"
+                           "Current Comm Error: Code = %3HLast Comm Error: Code = %4H")
+                .arg(codeText(current), codeText(last), codeText(error), codeText(lastError)));
+        EXPECT_EQ(rig.text(3), correctiveAction(last));
+        EXPECT_EQ(rig.button("cmdResetFaults").isEnabled(), resettable);
+        if (current == 0x1F) {
+            const QString texts = rig.text(0) + rig.text(1) + rig.text(4) + rig.text(5);
+            EXPECT_EQ(texts, "CO-CPUUserBrokenNetwork");
+        }
     }
 }
 
@@ -152,7 +141,7 @@ TEST(TargetBoardWindow, ShowsWhatTheBoardTypeHas)
     }
 }
 
-TEST(TargetBoardWindow, OffLineItSaysSoAndGoesOnLine)
+TEST(TargetBoardWindow, OffLineItSaysSoKeepsItsLimitsAndGoesOnLine)
 {
     BoardRig rig;
     rig.show();
@@ -161,6 +150,10 @@ TEST(TargetBoardWindow, OffLineItSaysSoAndGoesOnLine)
     EXPECT_TRUE(rig.button("cmdGoOnline").isVisible());
     EXPECT_FALSE(rig.button("cmdResetFaults").isEnabled());
     EXPECT_FALSE(rig.entry(0).isEnabled());
+    QStringList limits;
+    for (int i = 0; i < 8; ++i)
+        limits += QStringLiteral("%1-%2").arg(rig.entry(i).minimum()).arg(rig.entry(i).maximum());
+    EXPECT_EQ(limits.join(u' '), "1-32 1-32 0-23 0-59 0-59 1-12 1-31 0-99");
     rig.button("cmdGoOnline").click();
     EXPECT_TRUE(rig.state.gLink.OnlineMode);
     EXPECT_TRUE(rig.firstPassEnds());
@@ -185,24 +178,17 @@ TEST(TargetBoardWindow, ABoardThatDoesNotAnswerShowsAsTheCableCode)
     EXPECT_EQ(rig.text(0), "Cannot Communicate with Target Board.");
 }
 
-TEST(TargetBoardWindow, ACodeWhoseReadWasDisturbedIsReadAgain)
-{
-    BoardRig rig;
-    rig.board.poke(8176, 0x45);
-    rig.goOnline();
-    rig.line.clearFaults();
-    rig.line.setFault(4, {LineFault::Kind::LoseReply, 1, {}}); // in the first code's frames
-    rig.show();
-    EXPECT_TRUE(rig.firstPassEnds());
-    EXPECT_EQ(rig.code(0), "Current Fault: Code = 45H");
-}
-
 TEST(TargetBoardWindow, ResetClearsTheFourRegistersAndReadsAfresh)
 {
     BoardRig rig;
     for (const std::uint16_t reg : kFaultRegisters)
         rig.board.poke(reg, 0x45);
-    rig.showOnline();
+    rig.goOnline();
+    rig.line.clearFaults();
+    rig.line.setFault(4, {LineFault::Kind::LoseReply, 1, {}}); // in the first code's frames
+    rig.show();
+    EXPECT_TRUE(rig.firstPassEnds());
+    EXPECT_EQ(rig.code(0), "Current Fault: Code = 45H"); // it has been read again
     rig.person.answers = {BoxAnswer::No, BoxAnswer::Cancel, BoxAnswer::Yes};
     auto& reset = rig.button("cmdResetFaults");
     for (int refusal = 0; refusal < 2; ++refusal) {
@@ -241,21 +227,14 @@ TEST(TargetBoardWindow, SetsTheBoardsClockFromThePcs)
     EXPECT_TRUE(rig.eventually([&] { return rig.label("lblCurrTime").text().endsWith("22"); }));
 }
 
-TEST(TargetBoardWindow, EveryFieldHasItsLimits)
-{
-    BoardRig rig;
-    rig.show();
-    QStringList limits;
-    for (int i = 0; i < 8; ++i)
-        limits += QStringLiteral("%1-%2").arg(rig.entry(i).minimum()).arg(rig.entry(i).maximum());
-    EXPECT_EQ(limits.join(u' '), "1-32 1-32 0-23 0-59 0-59 1-12 1-31 0-99");
-}
-
 TEST(TargetBoardWindow, AnEntryIsLeftAloneWhileTypedThenCheckedAndWritten)
 {
     BoardRig rig;
     rig.showOnline();
-    NumericEntryField& address = rig.typeAddress("17");
+    NumericEntryField& address = rig.entry(0);
+    address.setFocus();
+    PressRig::turns(5);
+    QTest::keyClicks(&address, "17");
     rig.board.poke(8180, 5);
     PressRig::turns(100);
     EXPECT_EQ(address.text(), "17"); // the refresh keeps off
@@ -265,7 +244,10 @@ TEST(TargetBoardWindow, AnEntryIsLeftAloneWhileTypedThenCheckedAndWritten)
     EXPECT_EQ(rig.board.peek(8180), 18);
     EXPECT_TRUE(rig.person.boxes.empty());
 
-    QTest::keyClick(&rig.typeAddress("33"), Qt::Key_Return);
+    address.setFocus();
+    PressRig::turns(5);
+    QTest::keyClicks(&address, "33");
+    QTest::keyClick(&address, Qt::Key_Return);
     EXPECT_TRUE(rig.eventually([&] { return !rig.person.boxes.empty(); }));
     EXPECT_EQ(rig.lastTitle(), "Set-upCurrent Network Address 1:");
 }

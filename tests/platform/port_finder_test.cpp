@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace tambrix;
 
 TEST(PortFinderTest, KnowsAnAdapterAgainByItsSerialNumber)
@@ -16,36 +18,29 @@ TEST(PortFinderTest, KnowsAnAdapterAgainByItsSerialNumber)
         std::erase_if(rest, [&](const MachinePort& port) { return port.name == name; });
         return rest;
     };
-    const MachinePort renamed = {"COM9", "", 9, "/x/COM9", "A17"};
     auto swapped = without("COM3");
-    swapped.push_back(renamed);
-    const struct
-    {
-        const char* what;
-        const char* device;
-        std::vector<MachinePort> later;
-        bool found;
-        const char* opened;
-    } cases[] = {
+    swapped.push_back({"COM9", "", 9, "/x/COM9", "A17"});
+    using Ports = std::vector<MachinePort>; // what is there later; then: found, opened
+    const std::tuple<const char*, const char*, Ports, bool, const char*> cases[] = {
         {"under its name", "COM3", machine, true, "COM3"},
         {"gone", "COM3", without("COM3"), false, "COM3"},
         {"renamed", "COM3", swapped, true, "/x/COM9"},
         {"without a number", "COM4", without("COM4"), false, "COM4"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, device, later, found, opened] : cases) {
+        SCOPED_TRACE(what);
         ChosenPort port(clock);
         auto now = machine;
         PortFinder finder(port, [&now] { return now; });
-        port.use({Connection::Kind::Device, c.device, {}, 0});
+        port.use({Connection::Kind::Device, device, {}, 0});
         port.configure(1, "9600,n,8,1");
         finder.remember();
-        now = c.later;
-        EXPECT_EQ(finder.present(), c.found);
+        now = later;
+        EXPECT_EQ(finder.present(), found);
         port.configure(1, "9600,n,8,1");
-        EXPECT_EQ(port.deviceName(), c.opened);
+        EXPECT_EQ(port.deviceName(), opened);
         port.use(port.connection()); // chosen anew: by its own name
         port.configure(1, "9600,n,8,1");
-        EXPECT_EQ(port.deviceName(), c.device);
+        EXPECT_EQ(port.deviceName(), device);
     }
 }

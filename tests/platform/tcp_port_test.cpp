@@ -97,11 +97,8 @@ struct TcpRig
 
 TEST(ConnectionTest, IsReadFromTextAndKept)
 {
-    const struct
-    {
-        const char* text;
-        const char* kept; ///< none: refused
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
+        // what is kept; none: refused
         {"", ""},
         {" /dev/ttyUSB0 ", "/dev/ttyUSB0"},
         {"COM12", "COM12"},
@@ -120,13 +117,13 @@ TEST(ConnectionTest, IsReadFromTextAndKept)
     const QString file =
         QString::fromStdString((folder.path() / "new" / "Connection.cfg").string());
     EXPECT_EQ(readConnection(file), Connection{});
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
-        const auto connection = connectionFromText(c.text);
-        ASSERT_EQ(connection.has_value(), c.kept != nullptr);
+    for (const auto& [text, kept] : cases) {
+        SCOPED_TRACE(text);
+        const auto connection = connectionFromText(text);
+        ASSERT_EQ(connection.has_value(), kept != nullptr);
         if (!connection)
             continue;
-        EXPECT_EQ(connectionText(*connection), c.kept);
+        EXPECT_EQ(connectionText(*connection), kept);
         EXPECT_FALSE(writeConnection(file, *connection));
         EXPECT_EQ(readConnection(file), *connection);
     }
@@ -173,10 +170,7 @@ TEST(TcpPortTest, SaysWhyItCannotConnect)
 
 TEST(TcpPortTest, AServerThatHangsUpInAFrameIsASilentBoard)
 {
-    constexpr int kOpening = 1;
-    constexpr int kReadMode = 2;
-    constexpr int kHalfAFrame = 1;
-    Peer peer(board(kOpening + kReadMode + kHalfAFrame));
+    Peer peer(board(1 + 2 + 1)); // opening, read mode, half a frame
     TcpRig rig;
     rig.port.setServer("127.0.0.1", peer.port());
     rig.link.OpenRSComm(rig.port);

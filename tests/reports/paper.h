@@ -41,18 +41,11 @@ public:
     QPrinter::PrinterState printerState() const override { return QPrinter::Active; }
     int metric(QPaintDevice::PaintDeviceMetric what) const override
     {
-        switch (what) { // A4 in points
-        case QPaintDevice::PdmWidth:
-            return 595;
-        case QPaintDevice::PdmHeight:
-            return 842;
-        case QPaintDevice::PdmDevicePixelRatio:
-            return 1;
-        case QPaintDevice::PdmDevicePixelRatioScaled:
+        if (what == QPaintDevice::PdmWidth || what == QPaintDevice::PdmHeight)
+            return what == QPaintDevice::PdmWidth ? 595 : 842; // A4 in points
+        if (what == QPaintDevice::PdmDevicePixelRatioScaled)
             return static_cast<int>(QPaintDevice::devicePixelRatioFScale());
-        default:
-            return 72;
-        }
+        return what == QPaintDevice::PdmDevicePixelRatio ? 1 : 72;
     }
 };
 

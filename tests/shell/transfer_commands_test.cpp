@@ -169,11 +169,7 @@ TEST_F(TransferCommands, CancelKeepsWhatHasBeenTransferred)
         rig.board.pokeWord(low, low);
         rig.board.pokeWord(static_cast<std::uint16_t>(low + 2), 0);
     }
-    QString caption;
-    int maximum = 0;
-    const ModalWatch<ProcessingDialog> watch([&](QDialog& dialog) {
-        caption = control<QLabel>(dialog, "lblProcessing").text();
-        maximum = control<QProgressBar>(dialog, "prgProcessing").maximum();
+    const ModalWatch<ProcessingDialog> watch([](QDialog& dialog) {
         QObject::connect(&control<QProgressBar>(dialog, "prgProcessing"),
                          &QProgressBar::valueChanged, &dialog, [&dialog](int done) {
                              if (done == 3)
@@ -182,8 +178,6 @@ TEST_F(TransferCommands, CancelKeepsWhatHasBeenTransferred)
     });
     pick("mnuFileUpload(1)");
     EXPECT_EQ(texts(), std::vector{kUploadQuestion});
-    EXPECT_EQ(caption, "Uploading Shift Data, Please Standby");
-    EXPECT_EQ(maximum, 9);
     EXPECT_EQ(state.gUploadNOW.date(), QDate::currentDate());
     state.gWorkingData.Value.resize(8);
     EXPECT_EQ(state.gWorkingData.Value, (std::vector<std::int32_t>{940, 944, 948, 0, 0, 0, 0, 0}));
