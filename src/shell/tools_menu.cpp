@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <utility>
 
 namespace tambrix {
 
@@ -48,10 +49,10 @@ QAction* ToolsMenu::addOption(const MenuItem& item, std::function<void(bool)> sw
     QAction* option = add(item);
     option->setCheckable(true);
     option->setEnabled(true);
-    connect(option, &QAction::toggled, this, [this, option, switched](bool on) {
+    connect(option, &QAction::toggled, this, [this, option, act = std::move(switched)](bool on) {
         if (!m_iniFile.isEmpty())
             QSettings(m_iniFile, QSettings::IniFormat).setValue(keyOf(*option), on);
-        switched(on);
+        act(on);
     });
     return option;
 }
@@ -59,9 +60,9 @@ QAction* ToolsMenu::addOption(const MenuItem& item, std::function<void(bool)> sw
 QAction* ToolsMenu::addWindow(const MenuItem& item, std::function<QWidget*(QWidget& parent)> make)
 {
     MenuItem opening = item;
-    opening.action = [this, make, shown = std::make_shared<QPointer<QWidget>>()] {
+    opening.action = [this, open = std::move(make), shown = std::make_shared<QPointer<QWidget>>()] {
         if (shown->isNull())
-            *shown = make(m_window);
+            *shown = open(m_window);
         bringToFront(**shown);
     };
     return add(opening);
