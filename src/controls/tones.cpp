@@ -78,7 +78,7 @@ const Tones& tonesOf(const QPalette& palette)
 
 double contrast(const QColor& text, const QColor& ground)
 {
-    const auto [darker, lighter] = std::minmax(luminance(text), luminance(ground));
+    const auto [darker, lighter] = std::minmax({luminance(text), luminance(ground)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
