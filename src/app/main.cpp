@@ -7,6 +7,7 @@
 #include "datasets/datasets_tools.h"
 #include "demo/chapters.h"
 #include "help/help_desk.h"
+#include "history/history_tools.h"
 #include "maintenance/comm_port_dialog.h"
 #include "maintenance/program_commands.h"
 #include "platform/steady_clock.h"
@@ -171,6 +172,7 @@ int runProgram(const CommandLine& line)
     MainWindow window(state, screens(), menuCommands(state, reports, help, programs, lineTools));
     programs.emplace(state, window, window.backgroundPoll());
     const DatasetsTools datasets(state, window);
+    const HistoryTools history(state, window, clock);
     lineTools.emplace(
         state, window,
         LineTools::Line{clock, recorder, prompts, basePort, line.simulate ? nullptr : &realPort},

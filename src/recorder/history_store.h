@@ -1,0 +1,66 @@
+#pragma once
+
+#include "recorder/history_batch.h"
+#include "recorder/sql_file.h"
+
+#include <QLockFile>
+
+#include <functional>
+#include <memory>
+
+namespace tambrix {
+
+/// Writes the history: one SQLite file, for which this is the only writer on the machine. What
+/// the user should know is told once through `tell`.
+class HistoryStore
+{
+public:
+    /// Longer ago is forgotten.
+    static constexpr UtcMs kRetention = 90 * kDay;
+
+    /// `file` is made with its folder when the first batch comes.
+    HistoryStore(QString file, std::function<void(const QString&)> tell);
+    ~HistoryStore();
+    HistoryStore(const HistoryStore&) = delete;
+    HistoryStore& operator=(const HistoryStore&) = delete;
+
+    enum class Outcome {
+        Stored,
+        Later, ///< somebody else holds the file: the same batch may be given again
+        Lost,  ///< what comes next begins a new time on line
+    };
+
+    /// Stores the whole batch or nothing of it.
+    Outcome append(const HistoryBatch& batch);
+
+    /// Removes a few of the rows that are older than `kRetention` at `now`. To be called often.
+    void prune(UtcMs now);
+
+    /// Looks through the whole file and sets it aside where it is damaged. Takes its time.
+    void check();
+
+    const QString& path() const { return m_path; }
+
+    /// For maintenance and for tests.
+    SqlFile& file() { return m_file; }
+
+private:
+    SqlResult open();
+    SqlResult insert(const HistoryBatch& batch);
+    SqlResult insertSpeed(const HistoryBatch& batch);
+    SqlResult insertCounts(const HistoryBatch& batch);
+    SqlResult insertOthers(const HistoryBatch& batch);
+    void pruneValues(qint64 limit);
+    Outcome failed(SqlResult result);
+    void setAside();
+    void tellOnce(const QString& text);
+
+    QString m_path;
+    std::function<void(const QString&)> m_tell;
+    std::unique_ptr<QLockFile> m_lock;
+    SqlFile m_file;
+    qint64 m_prunedAddress = -1;
+    QString m_told; ///< the trouble that stands, as it was told
+};
+
+} // namespace tambrix
