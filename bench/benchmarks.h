@@ -52,6 +52,10 @@ int reportProcess(int argc, char* argv[]);
 /// against a bare tree view. Runs in a process of its own.
 void datasetsCost(const QString& program);
 
+/// The labels' window, opened, scrolled, pasted into and undone, against the same with a bare
+/// table view. A part of that process.
+void labelsTableCost();
+
 /// That process.
 int datasetsProcess(int argc, char* argv[]);
 

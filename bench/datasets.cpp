@@ -6,7 +6,6 @@
 #include "datasets/compare_tree.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QStandardItemModel>
 #include <QTreeView>
@@ -19,14 +18,6 @@ namespace {
 
 constexpr int kRounds = 5;
 constexpr int kRows = gDataUpperBound + 1;
-
-template <typename Work> double seconds(const Work& work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e9;
-}
 
 template <typename Engine> void runToEnd(Engine& engine)
 {
@@ -129,6 +120,7 @@ int datasetsProcess(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
     treeCost();
+    labelsTableCost();
     compareReading();
     return 0;
 }

@@ -11,6 +11,14 @@ int rounds(int full);
 /// The same for a time: then a tenth of `full`.
 std::chrono::milliseconds span(std::chrono::milliseconds full);
 
+/// How long `work` takes.
+template <typename Work> double seconds(const Work& work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
 /// Middle value of a list that is not empty.
 double median(std::vector<double> values);
 

@@ -171,7 +171,9 @@ int runProgram(const CommandLine& line)
     std::optional<LineTools> lineTools;
     MainWindow window(state, screens(), menuCommands(state, reports, help, programs, lineTools));
     programs.emplace(state, window, window.backgroundPoll());
-    const DatasetsTools datasets(state, window);
+    DatasetsTools datasets(state, window);
+    datasets.setLabelReports([&reports](const auto& labels) { reports.previewLabels(labels); },
+                             [&reports](const auto& labels) { reports.saveLabelsPdf(labels); });
     const HistoryTools history(state, window, clock);
     lineTools.emplace(
         state, window,

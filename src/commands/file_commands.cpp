@@ -2,7 +2,7 @@
 
 #include "commands/data_access.h"
 #include "commands/interruption.h"
-#include "commands/search_expression.h"
+#include "data/search_expression.h"
 #include "data/setup_file_source.h"
 #include "data/setup_text.h"
 #include "data/whole_file.h"
@@ -50,7 +50,10 @@ void printMatch(Console& console, const QString& file, const std::vector<int>& l
 
 ExitCode find(const CommandCall& call)
 {
-    const SearchExpression expression(call.arguments[0]);
+    const auto parsed = SearchExpression::parse(call.arguments[0]);
+    if (const auto* refusal = std::get_if<Refusal>(&parsed))
+        throw Failure{ExitCode::Usage, refusal->reason};
+    const auto& expression = std::get<SearchExpression>(parsed);
     catchInterruptions();
     bool found = false;
     for (const QString& file : setupFilesBelow(call.arguments[1])) {
@@ -83,29 +86,41 @@ Form formOf(const QString& path)
                   QStringLiteral("%1: the name must end in .sdt, .csv or .json").arg(path)};
 }
 
-SetupDataRecord readAs(Form form, const QString& path)
+/// A names file that cannot be used costs the names, never the data.
+LabelNames namesBeside(const QString& path, Console& console)
+{
+    const LoadedNames loaded = loadLabelNames(path);
+    if (!loaded.fault.isEmpty())
+        console.complain(QStringLiteral("%1: %2").arg(labelNamesFile(path), loaded.fault));
+    return loaded.names;
+}
+
+NamedSetup readAs(Form form, const QString& path, Console& console)
 {
     constexpr qint64 kLongest = 4 << 20; // bytes: a data set as text has some 100 KB
     if (form == Form::SetupFile)
-        return loadedFile(path);
+        return {loadedFile(path), namesBeside(path, console)};
     const auto content = readWholeFile(path, kLongest);
     if (!content)
         throw Failure{ExitCode::File, QStringLiteral("%1 cannot be read").arg(path)};
     auto read = form == Form::Csv ? readSetupCsv(*content) : readSetupJson(*content);
     if (const auto* fault = std::get_if<TextFault>(&read))
         throw Failure{ExitCode::File, QStringLiteral("%1: %2").arg(path, fault->sentence())};
-    return std::get<SetupDataRecord>(std::move(read));
+    return std::get<NamedSetup>(std::move(read));
 }
 
 ExitCode convert(const CommandCall& call)
 {
     const QString& out = call.arguments[1];
     const Form to = formOf(out);
-    const SetupDataRecord record = readAs(formOf(call.arguments[0]), call.arguments[0]);
+    const NamedSetup setup = readAs(formOf(call.arguments[0]), call.arguments[0], call.console);
     if (to == Form::SetupFile) {
-        saveFile(out, record);
+        saveFile(out, setup.record);
+        if (const auto reason = saveLabelNames(out, setup.names))
+            throw Failure{ExitCode::File,
+                          QStringLiteral("%1: names of labels: %2").arg(out, *reason)};
     } else if (const auto reason =
-                   writeWholeFile(out, to == Form::Csv ? setupCsv(record) : setupJson(record))) {
+                   writeWholeFile(out, to == Form::Csv ? setupCsv(setup) : setupJson(setup))) {
         throw Failure{ExitCode::File, QStringLiteral("%1: %2").arg(out, *reason)};
     }
     return ExitCode::Done;

@@ -1,16 +1,13 @@
 #include "commands/typed_register.h"
 
 #include "commands/failure.h"
+#include "data/register_text.h"
 #include "link/register_address.h"
 #include "link/register_value.h"
-
-#include <QRegularExpression>
 
 namespace tambrix {
 
 namespace {
-
-constexpr std::int32_t kHighestByte = 0xFFFF;
 
 Failure refused(const QString& text)
 {
@@ -27,17 +24,10 @@ std::int64_t highestFor(const RegisterAddress& fields)
 
 std::string typedRegister(const QString& text)
 {
-    static const QRegularExpression form(QStringLiteral(
-        "\\A(?:[BWD][0-9]{1,5}|[B][0-9]{1,5}\\.[0-7]|F[0-9]{1,6}|[0-9A-F]{1,5}H)\\z"));
-    const std::string address = text.toUpper().toStdString();
-    if (!form.match(text.toUpper()).hasMatch())
-        throw refused(
-            QStringLiteral("'%1' names no register (examples: W690, B100.3, F123)").arg(text));
-    RegisterAddress fields;
-    ParseAddress(address, fields);
-    if (fields.RegAddress + registerWidth(fields.RegLetter) - 1 > kHighestByte)
-        throw refused(QStringLiteral("%1 lies behind the controller's memory").arg(text));
-    return address;
+    auto address = registerFromText(text);
+    if (const auto* refusal = std::get_if<Refusal>(&address))
+        throw refused(refusal->reason);
+    return std::get<std::string>(std::move(address));
 }
 
 Assignment typedAssignment(const QString& text)

@@ -178,6 +178,17 @@ void NumericEntryField::leave()
         commit();
 }
 
+/// Undo and redo belong to the text while it is being changed, else to the window's own commands.
+bool NumericEntryField::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && !lineEdit()->isModified()) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo))
+            return false;
+    }
+    return QAbstractSpinBox::event(event);
+}
+
 /// A click in the field enters it anew, also where it has the focus already.
 bool NumericEntryField::eventFilter(QObject* watched, QEvent* event)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/entry_range.h"
 #include "link/operator.h"
 
 #include <QAbstractSpinBox>
@@ -12,15 +13,6 @@
 class QLabel;
 
 namespace tambrix {
-
-/// What an entry may be, both ends included.
-struct EntryRange
-{
-    std::int32_t minimum = 0;
-    std::int32_t maximum = 0;
-
-    bool operator==(const EntryRange&) const = default;
-};
 
 /// What one entry field is for. A handler left empty does nothing.
 struct EntryRules
@@ -96,6 +88,7 @@ public:
     void stepBy(int steps) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:

@@ -53,12 +53,14 @@ std::optional<QString> makeFolder(const QDir& folder)
 } // namespace
 
 std::variant<QString, Refusal> Backups::save(const SetupDataRecord& record, const QDateTime& when,
-                                             const QString& press) const
+                                             const QString& press, const LabelNames& names) const
 {
     if (const auto reason = makeFolder(m_folder))
         return Refusal{*reason};
     const QString path = freePath(titleOf(when, press));
-    const auto failure = writeWholeFile(path, QByteArray::fromStdString(setupFileBytes(record)));
+    auto failure = writeWholeFile(path, QByteArray::fromStdString(setupFileBytes(record)));
+    if (!failure)
+        failure = saveLabelNames(path, names);
     if (failure)
         return Refusal{QStringLiteral("The backup cannot be saved as %1: %2.").arg(path, *failure)};
     removeOldest();
@@ -87,8 +89,10 @@ std::vector<BackupFile> Backups::list() const
 void Backups::removeOldest() const
 {
     const auto files = list();
-    for (std::size_t i = kKept; i < files.size(); ++i)
+    for (std::size_t i = kKept; i < files.size(); ++i) {
         QFile::remove(files[i].path);
+        QFile::remove(labelNamesFile(files[i].path));
+    }
 }
 
 std::optional<QString> Backups::rememberRestore(const LastRestore& restore) const

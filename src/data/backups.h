@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/label_names.h"
 #include "data/refusal.h"
 #include "data/setup_data.h"
 
@@ -38,10 +39,10 @@ public:
     {
     }
 
-    /// Saves `record` and returns the new file's path. The oldest files go where there are too
-    /// many, but only after the new one is safe on the disk.
+    /// Saves `record`, and the names beside it, and returns the new file's path. The oldest files
+    /// go where there are too many, but only after the new one is safe on the disk.
     std::variant<QString, Refusal> save(const SetupDataRecord& record, const QDateTime& when,
-                                        const QString& press) const;
+                                        const QString& press, const LabelNames& names = {}) const;
 
     /// All backups, the latest first.
     std::vector<BackupFile> list() const;

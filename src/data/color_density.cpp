@@ -4,15 +4,19 @@
 
 namespace tambrix {
 
+double colorDensityPercent(int on, int cycle, int maximumOn)
+{
+    if (cycle < 1 || maximumOn == 0)
+        return 0;
+    const double shortestOffTime = reg::kCycleDuration.minimum;
+    return (shortestOffTime / maximumOn + 1) * on / cycle * 100;
+}
+
 QString colorDensity(int on, int cycle, int maximumOn)
 {
-    if (cycle < 1)
-        return QStringLiteral("0.0%");
-    if (maximumOn == 0)
+    if (cycle >= 1 && maximumOn == 0)
         return QStringLiteral("-");
-    const double shortestOffTime = reg::kCycleDuration.minimum;
-    const double density = (shortestOffTime / maximumOn + 1) * on / cycle * 100;
-    return QString::number(density, 'f', 1) + u'%';
+    return QString::number(colorDensityPercent(on, cycle, maximumOn), 'f', 1) + u'%';
 }
 
 } // namespace tambrix

@@ -1,5 +1,6 @@
 #include "data/comparison.h"
 
+#include "data/duration_rules.h"
 #include "link/register_address.h"
 #include "link/register_value.h"
 
@@ -13,7 +14,6 @@ namespace {
 
 using Kind = Concern::Kind;
 
-constexpr int kShortestOffTime = 60; // tenths of a can, between two ON times of a ductor
 constexpr int kEntries = gDataUpperBound + 1;
 
 /// Letters of either case name the same register.
@@ -49,37 +49,6 @@ Concern outside(Kind kind, std::int32_t minimum, std::int32_t maximum, std::int3
 }
 
 } // namespace
-
-QString concernText(const Concern& concern)
-{
-    switch (concern.kind) {
-    case Kind::None:
-        return {};
-    case Kind::OutsideRange:
-        return QStringLiteral("outside %1 to %2").arg(concern.limit).arg(concern.limit2);
-    case Kind::AboveMaximumOn:
-        return QStringLiteral("above Maximum ON Duration %1").arg(concern.limit);
-    case Kind::AboveMaximumCycle:
-        return QStringLiteral("above Maximum Cycle Duration %1").arg(concern.limit);
-    case Kind::OnTooLong:
-        return QStringLiteral("too long for CYCLE %1").arg(concern.limit);
-    case Kind::CycleShort:
-        return QStringLiteral("too short for ON %1").arg(concern.limit);
-    case Kind::NotOnBoard:
-        return QStringLiteral("the register holds %1 to %2").arg(concern.limit).arg(concern.limit2);
-    case Kind::OnlyLeft:
-        return QStringLiteral("missing on the right");
-    case Kind::OnlyRight:
-        return QStringLiteral("missing on the left");
-    case Kind::Twice:
-        return QStringLiteral("several entries have this address");
-    case Kind::Strange:
-        return QStringLiteral("no register of the data set");
-    case Kind::LabelNumber:
-        return QStringLiteral("never written: the old label would go on running");
-    }
-    return {};
-}
 
 Comparison::Comparison(const SetupDataRecord& left, const SetupDataRecord& right,
                        const std::optional<RunningValues>& running)
@@ -233,15 +202,8 @@ Concern Comparison::judgedLabel(int index) const
     const bool cycle = isCycle(entry);
     const std::int32_t value = *at(index).left;
     const std::int32_t partner = after(labelSlot(entry.label, entry.ductor, !cycle));
-    if (cycle) {
-        if (value > after(reg::kMaximumCycle.slot))
-            return {Kind::AboveMaximumCycle, after(reg::kMaximumCycle.slot), 0};
-        return value < partner + kShortestOffTime ? Concern{Kind::CycleShort, partner, 0}
-                                                  : Concern{};
-    }
-    if (value > after(reg::kMaximumOn.slot))
-        return {Kind::AboveMaximumOn, after(reg::kMaximumOn.slot), 0};
-    return value > partner - kShortestOffTime ? Concern{Kind::OnTooLong, partner, 0} : Concern{};
+    return durationConcern(cycle, value, partner,
+                           {after(reg::kMaximumOn.slot), after(reg::kMaximumCycle.slot)});
 }
 
 void Comparison::tickOrdinary()

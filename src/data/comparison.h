@@ -1,48 +1,15 @@
 #pragma once
 
+#include "data/concern.h"
 #include "data/controller_reading.h"
 #include "data/entry_group.h"
 #include "data/restore.h"
-
-#include <QString>
 
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tambrix {
-
-/// What speaks against taking over a value.
-struct Concern
-{
-    enum class Kind {
-        None,
-        // Unusual: a screen would not accept it, but it may be restored.
-        OutsideRange,   ///< of a set-up parameter: limit to limit2
-        AboveMaximumOn, ///< limit: Maximum ON Duration
-        AboveMaximumCycle,
-        OnTooLong,  ///< for CYCLE, which is `limit`
-        CycleShort, ///< for ON, which is `limit`
-        // Refused: it cannot be taken over.
-        NotOnBoard, ///< the register holds limit to limit2
-        OnlyLeft,
-        OnlyRight,
-        Twice,   ///< several entries with this address
-        Strange, ///< no register of the data set
-        LabelNumber
-    };
-
-    Kind kind = Kind::None;
-    std::int32_t limit = 0;
-    std::int32_t limit2 = 0;
-
-    bool unusual() const { return kind > Kind::None && kind < Kind::NotOnBoard; }
-    bool refused() const { return kind >= Kind::NotOnBoard; }
-    bool operator==(const Concern&) const = default;
-};
-
-/// The concern in words: "above Maximum ON Duration 200". Empty for none.
-QString concernText(const Concern& concern);
 
 /// One register on both sides of a comparison.
 struct ComparedEntry

@@ -7,10 +7,10 @@ namespace tambrix {
 
 namespace {
 
-QString quoted(QString field)
+QString quoted(QString field, QChar separator)
 {
-    const bool plain = std::none_of(field.cbegin(), field.cend(), [](QChar c) {
-        return c == u',' || c == u'"' || c == u'\r' || c == u'\n';
+    const bool plain = std::none_of(field.cbegin(), field.cend(), [separator](QChar c) {
+        return c == separator || c == u'"' || c == u'\r' || c == u'\n';
     });
     if (plain && field == field.trimmed())
         return field;
@@ -21,7 +21,7 @@ QString quoted(QString field)
 class Reader
 {
 public:
-    explicit Reader(const QString& text) : m_text(text) {}
+    Reader(const QString& text, QChar separator) : m_text(text), m_separator(separator) {}
 
     bool atEnd() const { return m_at >= m_text.size(); }
     QChar next() const { return atEnd() ? QChar() : m_text[m_at]; }
@@ -46,20 +46,24 @@ public:
         return true;
     }
 
+    bool atSeparator() const { return !atEnd() && next() == m_separator; }
+    /// At a quote that a field must not have in its middle.
+    bool atStrayQuote() const { return m_separator == u',' && next() == u'"'; }
+    bool atFieldEnd() const
+    {
+        return atEnd() || atSeparator() || next() == u'\r' || next() == u'\n';
+    }
+
     TextFault fault(const char* reason) const { return {m_line, m_column, QLatin1String(reason)}; }
     CsvField emptyField() const { return {{}, m_line, m_column}; }
 
 private:
     const QString& m_text;
+    QChar m_separator;
     qsizetype m_at = 0;
     int m_line = 1;
     int m_column = 1;
 };
-
-bool endsPlain(QChar c)
-{
-    return c == u',' || c == u'\r' || c == u'\n';
-}
 
 /// The field's text behind its opening quote.
 std::optional<TextFault> takeQuoted(Reader& reader, CsvField& field)
@@ -85,45 +89,28 @@ std::optional<TextFault> takeField(Reader& reader, CsvField& field)
         if (auto fault = takeQuoted(reader, field))
             return fault;
     } else {
-        while (!reader.atEnd() && !endsPlain(reader.next()) && reader.next() != u'"')
+        while (!reader.atFieldEnd() && !reader.atStrayQuote())
             field.text += reader.take();
     }
-    if (reader.atEnd() || endsPlain(reader.next()))
+    if (field.text.contains(QChar::ReplacementCharacter))
+        return field.fault(QStringLiteral("characters that are not UTF-8"));
+    if (reader.atFieldEnd())
         return std::nullopt;
     return reader.fault("a quote in the middle of a field");
 }
 
-} // namespace
-
-QString csvText(const std::vector<QStringList>& table)
+CsvTable readTable(const QString& text, std::size_t mostRows, QChar separator)
 {
-    QString text;
-    for (const QStringList& row : table) {
-        QStringList fields;
-        for (const QString& field : row)
-            fields += quoted(field);
-        text += fields.join(u',') + QStringLiteral("\r\n");
-    }
-    return text;
-}
-
-QString TextFault::sentence() const
-{
-    return QStringLiteral("Line %1, column %2: %3.").arg(line).arg(column).arg(reason);
-}
-
-std::variant<std::vector<CsvRow>, TextFault> readCsv(const QString& text, std::size_t mostRows)
-{
-    Reader reader(text);
+    Reader reader(text, separator);
     std::vector<CsvRow> rows;
     while (!reader.atEnd()) {
         if (rows.size() == mostRows)
-            return reader.fault("more lines than such a file can have");
+            return reader.fault("more lines than there can be");
         CsvRow row(1);
         for (;;) {
             if (auto fault = takeField(reader, row.back()))
                 return *fault;
-            if (reader.next() != u',')
+            if (!reader.atSeparator())
                 break;
             reader.take();
             row.emplace_back();
@@ -133,6 +120,46 @@ std::variant<std::vector<CsvRow>, TextFault> readCsv(const QString& text, std::s
             return reader.fault("a line that ends without a line feed");
     }
     return rows;
+}
+
+} // namespace
+
+QString csvText(const std::vector<QStringList>& table, QChar separator)
+{
+    QString text;
+    for (const QStringList& row : table) {
+        QStringList fields;
+        for (const QString& field : row)
+            fields += quoted(field, separator);
+        text += fields.join(separator) + QStringLiteral("\r\n");
+    }
+    return text;
+}
+
+QString guarded(const QString& text)
+{
+    const bool formula = !text.isEmpty() && QStringLiteral("=+-@'").contains(text.front());
+    return formula ? u'\'' + text : text;
+}
+
+QString unguarded(const QString& text)
+{
+    return text.startsWith(u'\'') ? text.mid(1) : text;
+}
+
+QString TextFault::sentence() const
+{
+    return QStringLiteral("Line %1, column %2: %3.").arg(line).arg(column).arg(reason);
+}
+
+CsvTable readCsv(const QByteArray& text, std::size_t mostRows)
+{
+    return readTable(QString::fromUtf8(text), mostRows, u',');
+}
+
+CsvTable readTabbed(const QString& text, std::size_t mostRows)
+{
+    return readTable(text, mostRows, u'\t');
 }
 
 } // namespace tambrix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -9,8 +10,13 @@
 namespace tambrix {
 
 /// A table as CSV: fields set apart by commas, lines ended by CR LF. A field with a comma, a quote,
-/// a blank at an end or a line break stands in quotes.
-QString csvText(const std::vector<QStringList>& table);
+/// a blank at an end or a line break stands in quotes. With another separator, in its place.
+QString csvText(const std::vector<QStringList>& table, QChar separator = u',');
+
+/// A person's text as a spreadsheet may have it: one that it would take for a formula begins with
+/// an apostrophe. `unguarded()` takes that away again.
+QString guarded(const QString& text);
+QString unguarded(const QString& text);
 
 /// Where a text stops being what it should be, both counted from 1.
 struct TextFault
@@ -35,7 +41,13 @@ struct CsvField
 
 using CsvRow = std::vector<CsvField>;
 
-/// Takes a CSV text apart. More than `mostRows` rows are refused as soon as that is seen.
-std::variant<std::vector<CsvRow>, TextFault> readCsv(const QString& text, std::size_t mostRows);
+using CsvTable = std::variant<std::vector<CsvRow>, TextFault>;
+
+/// Takes a CSV text in UTF-8 apart. More than `mostRows` rows are refused as soon as that is seen.
+CsvTable readCsv(const QByteArray& text, std::size_t mostRows);
+
+/// The same for the text that spreadsheets put on the clipboard: tabs between fields, and quotes
+/// only round a field with a tab or a line break, so that one inside a field is a character.
+CsvTable readTabbed(const QString& text, std::size_t mostRows);
 
 } // namespace tambrix

@@ -2,11 +2,11 @@
 
 #include "data/link_text.h"
 #include "data/parameters.h"
+#include "data/typed_number.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRegularExpression>
 
 #include <cmath>
 #include <limits>
@@ -19,12 +19,12 @@ const QString kFormat = QStringLiteral("TAMBRIX data set");
 constexpr int kFormatVersion = 1;
 constexpr std::size_t kEntries = gDataUpperBound + 1;
 constexpr std::size_t kHeadRows = 2;
-constexpr std::size_t kColumns = 5; // entry, name, register, unit, value
+constexpr std::size_t kColumns = 6; // entry, name, register, unit, value, label name
 constexpr qsizetype kLongestText = 1 << 20;
 
-const QStringList kCaptions = {QStringLiteral("Entry"), QStringLiteral("Name"),
+const QStringList kCaptions = {QStringLiteral("Entry"),    QStringLiteral("Name"),
                                QStringLiteral("Register"), QStringLiteral("Unit"),
-                               QStringLiteral("Value")};
+                               QStringLiteral("Value"),    QStringLiteral("Label Name")};
 
 QString nameOfEntry(std::size_t entry)
 {
@@ -36,22 +36,21 @@ QString unitOfEntry(std::size_t entry)
     return QString::fromLatin1(entryAt(static_cast<int>(entry)).parameter.unit);
 }
 
-/// A plain whole number: digits, a minus sign before them at most.
-std::optional<std::int32_t> plainNumber(const QString& text)
+NamedSetup emptySetup(const QString& version)
 {
-    static const QRegularExpression plain(QStringLiteral("^-?[0-9]{1,10}$"));
-    bool fits = false;
-    const int value = text.toInt(&fits);
-    return fits && plain.match(text).hasMatch() ? std::optional(value) : std::nullopt;
+    NamedSetup setup;
+    setup.record.Version = version.toLatin1().toStdString();
+    setup.record.Address.resize(kEntries);
+    setup.record.Value.resize(kEntries);
+    return setup;
 }
 
-SetupDataRecord emptyRecord(const QString& version)
+/// The label whose first entry this is, or -1.
+int labelBeginning(std::size_t entry)
 {
-    SetupDataRecord record;
-    record.Version = version.toLatin1().toStdString();
-    record.Address.resize(kEntries);
-    record.Value.resize(kEntries);
-    return record;
+    const int slot = static_cast<int>(entry);
+    const int label = slot < kLabelSlot ? -1 : entryAt(slot).label;
+    return label >= 0 && labelBase(label) == slot ? label : -1;
 }
 
 std::optional<TextFault> checkHead(const std::vector<CsvRow>& rows)
@@ -71,7 +70,7 @@ std::optional<TextFault> checkHead(const std::vector<CsvRow>& rows)
 }
 
 /// Takes the row of entry `entry`.
-std::optional<TextFault> takeRow(const CsvRow& row, std::size_t entry, SetupDataRecord& record)
+std::optional<TextFault> takeRow(const CsvRow& row, std::size_t entry, NamedSetup& setup)
 {
     if (row.size() != kColumns)
         return row.back().fault(QStringLiteral("%1 fields, not %2").arg(row.size()).arg(kColumns));
@@ -80,8 +79,13 @@ std::optional<TextFault> takeRow(const CsvRow& row, std::size_t entry, SetupData
     const auto value = plainNumber(row[4].text);
     if (!value)
         return row[4].fault(QStringLiteral("no plain whole number"));
-    record.Address[entry] = row[2].text.toLatin1().toStdString();
-    record.Value[entry] = *value;
+    const int label = labelBeginning(entry);
+    if (label < 0 && !row[5].text.isEmpty())
+        return row[5].fault(QStringLiteral("a label's name stands beside its first value"));
+    if (label >= 0)
+        setup.names.set(label, unguarded(row[5].text));
+    setup.record.Address[entry] = row[2].text.toLatin1().toStdString();
+    setup.record.Value[entry] = *value;
     return std::nullopt;
 }
 
@@ -107,6 +111,31 @@ QByteArray jsonString(const QString& text)
     return list.mid(1, list.size() - 2);
 }
 
+/// An object a line for every label that has a name.
+QByteArray jsonNames(const LabelNames& names)
+{
+    QByteArray text;
+    for (int label = 0; label < kLabels; ++label) {
+        if (!names.of(label).isEmpty())
+            text += (text.isEmpty() ? "\n{\"label\": " : ",\n{\"label\": ") +
+                    QByteArray::number(label) + ", \"name\": " + jsonString(names.of(label)) + '}';
+    }
+    return text;
+}
+
+/// Returns the first element that names no label, or one for the second time.
+std::optional<qsizetype> takeNames(const QJsonArray& list, LabelNames& names)
+{
+    for (qsizetype i = 0; i < list.size(); ++i) {
+        const QJsonObject element = list.at(i).toObject();
+        const int label = element[QStringLiteral("label")].toInt(-1);
+        if (label < 0 || label >= kLabels || !names.of(label).isEmpty())
+            return i;
+        names.set(label, element[QStringLiteral("name")].toString());
+    }
+    return std::nullopt;
+}
+
 bool isWholeNumber(const QJsonValue& value)
 {
     const double number = value.toDouble(0.5);
@@ -116,39 +145,44 @@ bool isWholeNumber(const QJsonValue& value)
 
 } // namespace
 
-QByteArray setupCsv(const SetupDataRecord& record)
+QByteArray setupCsv(const NamedSetup& setup)
 {
+    const SetupDataRecord& record = setup.record;
     std::vector<QStringList> table = {
         {kFormat, QString::number(kFormatVersion), QString::fromLatin1(record.Version)}, kCaptions};
-    for (std::size_t i = 0; i < kEntries; ++i)
+    for (std::size_t i = 0; i < kEntries; ++i) {
+        const int label = labelBeginning(i);
         table.push_back({QString::number(i), nameOfEntry(i), QString::fromLatin1(record.Address[i]),
-                         unitOfEntry(i), QString::number(record.Value[i])});
+                         unitOfEntry(i), QString::number(record.Value[i]),
+                         label < 0 ? QString() : guarded(setup.names.of(label))});
+    }
     return csvText(table).toUtf8();
 }
 
-std::variant<SetupDataRecord, TextFault> readSetupCsv(const QByteArray& text)
+std::variant<NamedSetup, TextFault> readSetupCsv(const QByteArray& text)
 {
     if (text.size() > kLongestText)
         return TextFault{1, 1, QStringLiteral("far too long for a data set")};
-    auto parsed = readCsv(QString::fromUtf8(text), kEntries + kHeadRows);
+    auto parsed = readCsv(text, kEntries + kHeadRows);
     if (const auto* fault = std::get_if<TextFault>(&parsed))
         return *fault;
     const auto& rows = std::get<std::vector<CsvRow>>(parsed);
     if (const auto fault = checkHead(rows))
         return *fault;
-    SetupDataRecord record = emptyRecord(rows[0][2].text);
+    NamedSetup setup = emptySetup(rows[0][2].text);
     for (std::size_t i = 0; i + kHeadRows < rows.size(); ++i) {
-        if (const auto fault = takeRow(rows[i + kHeadRows], i, record))
+        if (const auto fault = takeRow(rows[i + kHeadRows], i, setup))
             return *fault;
     }
     if (rows.size() < kEntries + kHeadRows)
         return TextFault{static_cast<int>(rows.size()) + 1, 1,
                          QStringLiteral("entry %1 is missing").arg(rows.size() - kHeadRows)};
-    return record;
+    return setup;
 }
 
-QByteArray setupJson(const SetupDataRecord& record)
+QByteArray setupJson(const NamedSetup& setup)
 {
+    const SetupDataRecord& record = setup.record;
     QByteArray text = "{\n\"format\": " + jsonString(kFormat) +
                       ",\n\"formatVersion\": " + QByteArray::number(kFormatVersion) +
                       ",\n\"version\": " + jsonString(QString::fromLatin1(record.Version)) +
@@ -160,10 +194,10 @@ QByteArray setupJson(const SetupDataRecord& record)
                 ", \"unit\": " + jsonString(unitOfEntry(i)) +
                 ", \"value\": " + QByteArray::number(record.Value[i]) +
                 (i + 1 < kEntries ? "},\n" : "}\n");
-    return text + "]\n}\n";
+    return text + "],\n\"labelNames\": [" + jsonNames(setup.names) + "\n]\n}\n";
 }
 
-std::variant<SetupDataRecord, TextFault> readSetupJson(const QByteArray& text)
+std::variant<NamedSetup, TextFault> readSetupJson(const QByteArray& text)
 {
     if (text.size() > kLongestText)
         return TextFault{1, 1, QStringLiteral("far too long for a data set")};
@@ -175,19 +209,24 @@ std::variant<SetupDataRecord, TextFault> readSetupJson(const QByteArray& text)
         root[QStringLiteral("formatVersion")] != kFormatVersion)
         return TextFault{1, 1, QStringLiteral("no data set of this program")};
     const QJsonArray entries = root[QStringLiteral("entries")].toArray();
-    SetupDataRecord record = emptyRecord(root[QStringLiteral("version")].toString());
+    NamedSetup setup = emptySetup(root[QStringLiteral("version")].toString());
     for (std::size_t i = 0; i < kEntries; ++i) {
         const QJsonObject entry = entries.at(static_cast<qsizetype>(i)).toObject();
         if (entry[QStringLiteral("entry")] != static_cast<qint64>(i))
             return faultInEntry(text, i, "missing, or not in its place");
         if (!isWholeNumber(entry[QStringLiteral("value")]))
             return faultInEntry(text, i, "no plain whole number");
-        record.Address[i] = entry[QStringLiteral("register")].toString().toLatin1().toStdString();
-        record.Value[i] = entry[QStringLiteral("value")].toInt();
+        setup.record.Address[i] =
+            entry[QStringLiteral("register")].toString().toLatin1().toStdString();
+        setup.record.Value[i] = entry[QStringLiteral("value")].toInt();
     }
     if (entries.size() != static_cast<qsizetype>(kEntries))
         return faultInEntry(text, kEntries, "one more than there are");
-    return record;
+    const auto wrong = takeNames(root[QStringLiteral("labelNames")].toArray(), setup.names);
+    if (wrong)
+        return faultAt(text, std::max<qsizetype>(text.indexOf("\"labelNames\""), 0),
+                       QStringLiteral("name %1: no label, or one that has a name").arg(*wrong + 1));
+    return setup;
 }
 
 } // namespace tambrix

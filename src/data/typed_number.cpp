@@ -36,6 +36,14 @@ bool isWholeNumber(const QString& text)
     return number && *number == std::floor(*number);
 }
 
+std::optional<std::int32_t> plainNumber(const QString& text)
+{
+    static const QRegularExpression plain(QStringLiteral("\\A-?[0-9]{1,10}\\z"));
+    bool fits = false;
+    const int value = text.toInt(&fits);
+    return fits && plain.match(text).hasMatch() ? std::optional(value) : std::nullopt;
+}
+
 std::int32_t roundedHalfToEven(double number)
 {
     using Limits = std::numeric_limits<std::int32_t>;

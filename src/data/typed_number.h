@@ -16,6 +16,9 @@ std::optional<double> numericText(const QString& text);
 /// Whether `text` is a whole number, blanks around it aside.
 bool isWholeNumber(const QString& text);
 
+/// A plain whole number of 32 bits: digits, a minus sign before them at most.
+std::optional<std::int32_t> plainNumber(const QString& text);
+
 /// `number` rounded to the nearest whole number, halves to even, within 32 bits.
 std::int32_t roundedHalfToEven(double number);
 

@@ -25,7 +25,7 @@ std::variant<QString, Refusal> saveBackup(const ProgramState& state, const Setup
     SetupDataRecord record = read;
     record.Version = state.gProgramVersion;
     return Backups(state.dataRoot)
-        .save(record, QDateTime::currentDateTime(), pressName(state.dataRoot));
+        .save(record, QDateTime::currentDateTime(), pressName(state.dataRoot), state.labelNames);
 }
 
 BackupDialog::BackupDialog(ProgramState& state, QWidget* parent)

@@ -3,7 +3,6 @@
 #include "data/link_text.h"
 #include "datasets/backup_dialog.h"
 #include "datasets/compare_text.h"
-#include "datasets/value_edit.h"
 
 #include <QFileInfo>
 
@@ -57,6 +56,16 @@ void CompareSession::compare()
     if (running())
         return;
     m_tickOnly.clear();
+    m_loop.start(compareTask());
+}
+
+void CompareSession::compareOnly(std::vector<std::string> addresses)
+{
+    if (running())
+        return;
+    left = {Kind::WorkingData, {}};
+    right = {Kind::Controller, {}};
+    m_tickOnly = std::move(addresses);
     m_loop.start(compareTask());
 }
 
@@ -233,18 +242,16 @@ void CompareSession::takeIntoWorkingData()
 {
     if (!m_comparison || running())
         return;
-    std::vector<EntryValue> values;
+    DataChange change;
     const auto& addresses = m_state.gWorkingData.Address;
     const std::vector<RestoreRow> rows = m_comparison->tickedRows();
     for (const RestoreRow& row : rows) {
         const auto place = std::find(addresses.begin(), addresses.end(), row.address);
         if (place != addresses.end())
-            values.push_back({static_cast<int>(place - addresses.begin()), row.value});
+            change.values.push_back({static_cast<int>(place - addresses.begin()), row.value});
     }
-    m_summary = takenText(values.size(), rows.size() - values.size());
-    if (!values.empty())
-        m_state.undoStack.push(
-            new ValueEdit(m_state, QStringLiteral("Take into Working Data"), std::move(values)));
+    m_summary = takenText(change.values.size(), rows.size() - change.values.size());
+    m_state.edit(QStringLiteral("Take into Working Data"), std::move(change));
     emit ended();
 }
 

@@ -28,6 +28,8 @@ public:
 
     /// Compares `left` with `right`, and ticks what is ordinary.
     void compare();
+    /// Compares the working data with the controller, and ticks what differs of these registers.
+    void compareOnly(std::vector<std::string> addresses);
     /// Compares the backup of the last restore with the controller, and ticks what that wrote.
     void undoLastRestore();
     /// Backs the controller up, writes the ticked values and reads them back.

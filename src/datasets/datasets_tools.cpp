@@ -4,6 +4,7 @@
 #include "datasets/backup_dialog.h"
 #include "datasets/compare_window.h"
 #include "datasets/daily_backup_dialog.h"
+#include "shell/toolbar.h"
 #include "shell/tools_menu.h"
 
 #include <QAction>
@@ -23,6 +24,12 @@ DatasetsTools::DatasetsTools(ProgramState& state, MainWindow& window)
     ToolsMenu& menu = window.tools();
     menu.addCommand({QStringLiteral("&Compare and Restore..."), QStringLiteral("mnuToolsCompare"),
                      QKeySequence(Qt::CTRL | Qt::Key_R), [this] { compare(); }});
+    QAction* labels = menu.addWindow({QStringLiteral("All &Labels..."),
+                                      QStringLiteral("mnuToolsLabels"),
+                                      QKeySequence(Qt::CTRL | Qt::Key_L),
+                                      {}},
+                                     [this](QWidget& parent) { return makeLabels(parent); });
+    window.toolbar().addTool(QStringLiteral("labels"), QStringLiteral("Labels"), *labels);
     menu.addOption({QStringLiteral("&Back Up Before Every Download"),
                     QStringLiteral("mnuToolsBackUpFirst"),
                     {},
@@ -71,6 +78,34 @@ void DatasetsTools::addUndo()
 void DatasetsTools::compare()
 {
     CompareWindow(m_state, &m_window).exec();
+}
+
+QWidget* DatasetsTools::makeLabels(QWidget& parent)
+{
+    auto* labels = new LabelsWindow(
+        m_state, {[this](const auto& chosen) { send(chosen); }, m_previewLabels, m_savePdf},
+        &parent);
+    labels->setAttribute(Qt::WA_DeleteOnClose);
+    return labels;
+}
+
+/// Compare and Restore with these labels ticked: there they are proved, backed up and written.
+void DatasetsTools::send(const std::vector<int>& labels)
+{
+    std::vector<std::string> addresses;
+    for (const int label : labels) {
+        const auto first = m_state.gWorkingData.Address.begin() + labelBase(label);
+        addresses.insert(addresses.end(), first, first + kEntriesPerLabel);
+    }
+    CompareWindow window(m_state, &m_window);
+    window.session().compareOnly(std::move(addresses));
+    window.exec();
+}
+
+void DatasetsTools::setLabelReports(LabelsHooks::Act preview, LabelsHooks::Act savePdf)
+{
+    m_previewLabels = std::move(preview);
+    m_savePdf = std::move(savePdf);
 }
 
 void DatasetsTools::askPressName()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datasets/daily_backup.h"
+#include "datasets/labels_window.h"
 #include "shell/main_window.h"
 
 namespace tambrix {
@@ -13,17 +14,24 @@ class DatasetsTools : public QObject
 public:
     DatasetsTools(ProgramState& state, MainWindow& window);
 
+    /// What shows and writes a report page for each of some labels.
+    void setLabelReports(LabelsHooks::Act preview, LabelsHooks::Act savePdf);
+
     DailyBackup& dailyBackup() { return m_daily; }
 
 private:
     void addUndo();
     void compare();
+    QWidget* makeLabels(QWidget& parent);
+    void send(const std::vector<int>& labels);
     void askPressName();
     void askDailyBackup();
 
     ProgramState& m_state;
     MainWindow& m_window;
     DailyBackup m_daily;
+    LabelsHooks::Act m_previewLabels;
+    LabelsHooks::Act m_savePdf;
 };
 
 } // namespace tambrix

@@ -7,7 +7,7 @@ namespace {
 using Chapter = Task (*)(DemoStage& stage);
 
 /// In order. Each begins and ends off line, with the main window in front.
-constexpr Chapter kChapters[] = {demoMainDisplay, demoScreens, demoData,   demoCompare,
+constexpr Chapter kChapters[] = {demoMainDisplay, demoScreens, demoData,   demoCompare, demoLabels,
                                  demoMaintenance, demoLine,    demoReports};
 
 } // namespace

@@ -21,6 +21,9 @@ Task demoData(DemoStage& stage);
 /// Three values changed on the press, compared, two of them restored and proved.
 Task demoCompare(DemoStage& stage);
 
+/// All labels at a glance: pasted, held against the rules, found, undone.
+Task demoLabels(DemoStage& stage);
+
 /// A program downloaded, faults reset, identities compared, clock set, serial settings shown.
 Task demoMaintenance(DemoStage& stage);
 

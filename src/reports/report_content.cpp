@@ -149,20 +149,52 @@ QStringList onlineNotes(const ProgramState& state)
             QStringLiteral("The controller may hold other values.")};
 }
 
+Report headOf(const ProgramState& state, const QDateTime& now)
+{
+    return {isNamed(state) ? state.gFileNameTitle : QStringLiteral("untitled"),
+            QLocale().toString(now.date(), QLocale::ShortFormat),
+            fileNotes(state) + onlineNotes(state),
+            {},
+            {}};
+}
+
+LabelSheet sheetOf(const ProgramState& state, int label)
+{
+    const QString& name = state.labelNames.of(label);
+    LabelSheet sheet;
+    sheet.title = QStringLiteral("Label %1").arg(label);
+    if (!name.isEmpty())
+        sheet.title += QStringLiteral(": ") + name;
+    const int most = valueOf(state, reg::kMaximumOn.slot);
+    for (int d = 0; d < kDuctors; ++d) {
+        DuctorInk& ink = sheet.ductors[static_cast<std::size_t>(d)];
+        ink.on = valueOf(state, labelBase(label) + d);
+        ink.cycle = valueOf(state, labelBase(label) + kDuctors + d);
+        ink.share = colorDensityPercent(ink.on, ink.cycle, most) / 100;
+        ink.density = colorDensity(ink.on, ink.cycle, most);
+    }
+    return sheet;
+}
+
 } // namespace
 
 Report reportContent(const ProgramState& state, const QDateTime& now)
 {
-    Report report{isNamed(state) ? state.gFileNameTitle : QStringLiteral("untitled"),
-                  QLocale().toString(now.date(), QLocale::ShortFormat),
-                  fileNotes(state) + onlineNotes(state),
-                  {}};
+    Report report = headOf(state, now);
     if (state.report.printSetupData)
         report.tables.push_back(setupTable(state));
     if (state.report.printShiftData)
         report.tables.push_back(shiftTable(state));
     if (state.report.printLabelData)
         report.tables.push_back(labelTable(state));
+    return report;
+}
+
+Report labelReport(const ProgramState& state, const std::vector<int>& labels, const QDateTime& now)
+{
+    Report report = headOf(state, now);
+    for (const int label : labels)
+        report.sheets.push_back(sheetOf(state, label));
     return report;
 }
 

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <vector>
 
 namespace tambrix {
@@ -31,6 +32,22 @@ struct ReportTable
     std::vector<ReportBlock> blocks;
 };
 
+/// What a label gives one ductor.
+struct DuctorInk
+{
+    std::int32_t on = 0;    ///< 0.1 cans
+    std::int32_t cycle = 0; ///< 0.1 cans
+    double share = 0;       ///< its density, 0 to 1
+    QString density;
+};
+
+/// A page with one label as a picture.
+struct LabelSheet
+{
+    QString title; ///< "Label 6: Beer gold"
+    std::array<DuctorInk, kDuctors> ductors;
+};
+
 /// What a report says, before it is laid out on pages.
 struct Report
 {
@@ -38,9 +55,13 @@ struct Report
     QString date; ///< of printing, in the system's short form
     QStringList notes;
     std::vector<ReportTable> tables;
+    std::vector<LabelSheet> sheets; ///< behind the tables, a page each
 };
 
 /// The parts that the report settings ask for, from the working data set. `now` dates the report.
 Report reportContent(const ProgramState& state, const QDateTime& now);
+
+/// A page for each of `labels` (0 to 99) instead.
+Report labelReport(const ProgramState& state, const std::vector<int>& labels, const QDateTime& now);
 
 } // namespace tambrix

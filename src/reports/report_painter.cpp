@@ -1,5 +1,8 @@
 #include "reports/report_painter.h"
 
+#include "reports/label_sheet.h"
+#include "reports/report_text.h"
+
 #include <QPagedPaintDevice>
 #include <QPainter>
 
@@ -12,35 +15,8 @@ namespace {
 constexpr double kNarrowestPaper = 460; // points; the label table needs them
 constexpr double kPointsPerInch = 72;
 constexpr double kCellMargin = 4;
-constexpr double kNarrowest = 0.5; // share of its natural width that a text can still be read at
-constexpr int kTextSize = 9;
-constexpr int kTitleSize = 13;
 constexpr QColor kRule(0x90, 0x90, 0x90);
 constexpr QColor kHeadingFill(0xe8, 0xec, 0xf0);
-
-QFont textFont(int size, bool bold = false)
-{
-    QFont font;
-    font.setPixelSize(size); // the painter is scaled to points
-    font.setBold(bold);
-    return font;
-}
-
-/// A text that is too wide for its place is drawn narrower: a report cuts no value short. Only a
-/// file name may be longer than that.
-void drawText(QPainter& painter, const QRectF& place, Qt::Alignment alignment, const QString& text)
-{
-    const QFontMetricsF metrics(painter.font());
-    const QString fitting = metrics.elidedText(text, Qt::ElideMiddle, place.width() / kNarrowest);
-    const double width = metrics.horizontalAdvance(fitting);
-    const double narrower = std::min(1.0, place.width() / std::max(width, 1.0));
-    painter.save();
-    painter.translate(place.topLeft());
-    painter.scale(narrower, 1);
-    painter.drawText(QRectF(0, 0, std::max(place.width(), width), place.height()),
-                     static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine, fitting);
-    painter.restore();
-}
 
 } // namespace
 
@@ -52,7 +28,13 @@ ReportPainter::ReportPainter(Report report, const QPagedPaintDevice& device)
     const double shrink = std::min(1.0, points.width() / kNarrowestPaper);
     m_deviceScale *= shrink;
     m_paper = points / shrink;
-    m_pages = paginate(m_report, m_paper.height() - kPageHeaderHeight);
+    if (!m_report.tables.empty() || m_report.sheets.empty())
+        m_pages = paginate(m_report, m_paper.height() - kPageHeaderHeight);
+}
+
+int ReportPainter::pageCount() const
+{
+    return static_cast<int>(m_pages.size() + m_report.sheets.size());
 }
 
 void ReportPainter::paintPage(QPainter& painter, int index) const
@@ -62,22 +44,30 @@ void ReportPainter::paintPage(QPainter& painter, int index) const
     painter.setPen(QPen(Qt::black, 0.5));
     paintHeader(painter, index);
     painter.translate(0, kPageHeaderHeight);
-    for (const ReportLine& line : m_pages[static_cast<std::size_t>(index)].lines)
-        paintLine(painter, line);
+    paintBody(painter, static_cast<std::size_t>(index));
     painter.restore();
+}
+
+void ReportPainter::paintBody(QPainter& painter, std::size_t index) const
+{
+    if (index >= m_pages.size())
+        return paintLabelSheet(painter, m_report.sheets[index - m_pages.size()], m_report.notes,
+                               {{}, m_paper - QSizeF(0, kPageHeaderHeight)});
+    for (const ReportLine& line : m_pages[index].lines)
+        paintLine(painter, line);
 }
 
 void ReportPainter::paintHeader(QPainter& painter, int index) const
 {
     constexpr double kTextHeight = 18;
     const double third = m_paper.width() / 5;
-    painter.setFont(textFont(kTextSize + 1, true));
-    drawText(painter, {0, 0, 3 * third, kTextHeight}, Qt::AlignLeft,
-             QStringLiteral("TAMBRIX Report: ") + m_report.name);
-    painter.setFont(textFont(kTextSize));
-    drawText(painter, {3 * third, 0, third, kTextHeight}, Qt::AlignHCenter, m_report.date);
-    drawText(painter, {4 * third, 0, third, kTextHeight}, Qt::AlignRight,
-             QStringLiteral("Page %1 of %2").arg(index + 1).arg(pageCount()));
+    painter.setFont(reportFont(kReportTextSize + 1, true));
+    drawReportText(painter, {0, 0, 3 * third, kTextHeight}, Qt::AlignLeft,
+                   QStringLiteral("TAMBRIX Report: ") + m_report.name);
+    painter.setFont(reportFont(kReportTextSize));
+    drawReportText(painter, {3 * third, 0, third, kTextHeight}, Qt::AlignHCenter, m_report.date);
+    drawReportText(painter, {4 * third, 0, third, kTextHeight}, Qt::AlignRight,
+                   QStringLiteral("Page %1 of %2").arg(index + 1).arg(pageCount()));
     painter.drawLine(QLineF(0, kTextHeight + 2, m_paper.width(), kTextHeight + 2));
 }
 
@@ -86,21 +76,22 @@ void ReportPainter::paintLine(QPainter& painter, const ReportLine& line) const
     const double width = m_paper.width();
     switch (line.kind) {
     case LineKind::Note:
-        painter.setFont(textFont(kTextSize));
-        drawText(painter, {0, line.top, width, kNoteHeight}, Qt::AlignLeft, line.cells.front());
+        painter.setFont(reportFont(kReportTextSize));
+        drawReportText(painter, {0, line.top, width, kNoteHeight}, Qt::AlignLeft,
+                       line.cells.front());
         break;
     case LineKind::TableTitle:
-        painter.setFont(textFont(kTitleSize, true));
-        drawText(painter, {0, line.top + 6, width, kTableTitleHeight - 8}, Qt::AlignLeft,
-                 line.cells.front());
+        painter.setFont(reportFont(kReportTitleSize, true));
+        drawReportText(painter, {0, line.top + 6, width, kTableTitleHeight - 8}, Qt::AlignLeft,
+                       line.cells.front());
         break;
     case LineKind::TableHeading:
         painter.fillRect(QRectF(0, line.top, width, kTableHeadingHeight), kHeadingFill);
-        painter.setFont(textFont(kTextSize, true));
+        painter.setFont(reportFont(kReportTextSize, true));
         paintCells(painter, line, kTableHeadingHeight);
         break;
     case LineKind::TableRow:
-        painter.setFont(textFont(kTextSize));
+        painter.setFont(reportFont(kReportTextSize));
         paintCells(painter, line, kTableRowHeight);
         break;
     }
@@ -116,7 +107,7 @@ void ReportPainter::paintCells(QPainter& painter, const ReportLine& line, double
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const double width = columns[i].share / shares * m_paper.width();
         const QRectF cell(left + kCellMargin, line.top, width - 2 * kCellMargin, height);
-        drawText(painter, cell, columns[i].alignment, line.cells[static_cast<int>(i)]);
+        drawReportText(painter, cell, columns[i].alignment, line.cells[static_cast<int>(i)]);
         left += width;
     }
     if (!line.endsBlock)

@@ -14,12 +14,13 @@ public:
     /// Lays the report out for the device's paper. Narrow paper makes the type smaller.
     ReportPainter(Report report, const QPagedPaintDevice& device);
 
-    int pageCount() const { return static_cast<int>(m_pages.size()); }
+    int pageCount() const;
 
     /// Paints page `index` (from 0) on the device's current page.
     void paintPage(QPainter& painter, int index) const;
 
 private:
+    void paintBody(QPainter& painter, std::size_t index) const;
     void paintHeader(QPainter& painter, int index) const;
     void paintLine(QPainter& painter, const ReportLine& line) const;
     void paintCells(QPainter& painter, const ReportLine& line, double height) const;

@@ -12,6 +12,7 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QSaveFile>
+#include <QScopedValueRollback>
 
 namespace tambrix {
 
@@ -40,7 +41,8 @@ void showPages(const ReportPainter& report, QPrinter& device)
 
 Report Reports::content() const
 {
-    return reportContent(m_state, QDateTime::currentDateTime());
+    const QDateTime now = QDateTime::currentDateTime();
+    return m_labels.empty() ? reportContent(m_state, now) : labelReport(m_state, m_labels, now);
 }
 
 QPrinter& Reports::printer()
@@ -106,7 +108,22 @@ void Reports::savePdf()
 
 QString Reports::proposedName() const
 {
-    return QFileInfo(content().name).completeBaseName() + QStringLiteral(" report.pdf");
+    return QFileInfo(content().name).completeBaseName() +
+           (m_labels.empty() ? QStringLiteral(" report.pdf") : QStringLiteral(" labels.pdf"));
+}
+
+void Reports::previewLabels(const std::vector<int>& labels)
+{
+    const QScopedValueRollback chosen(m_labels, labels);
+    if (!labels.empty())
+        preview();
+}
+
+void Reports::saveLabelsPdf(const std::vector<int>& labels)
+{
+    const QScopedValueRollback chosen(m_labels, labels);
+    if (!labels.empty())
+        savePdf();
 }
 
 void Reports::writePdf(const QString& path)

@@ -30,6 +30,10 @@ public:
     /// behind, and an older file as it was, after Cancel or an error.
     void writePdf(const QString& path);
 
+    /// The same for a report with a page for each of these labels (0 to 99). Nothing for none.
+    void previewLabels(const std::vector<int>& labels);
+    void saveLabelsPdf(const std::vector<int>& labels);
+
 private:
     QPrinter& printer();
     void printOn(QPrinter& device);
@@ -38,6 +42,7 @@ private:
     void sayFailed(const QString& what, const QString& reason);
 
     ProgramState& m_state;
+    std::vector<int> m_labels;           ///< of the report under way; empty: the whole data set's
     std::unique_ptr<QPrinter> m_printer; ///< keeps paper and printer from one print to the next
 };
 

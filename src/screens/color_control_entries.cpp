@@ -89,7 +89,7 @@ void ColorControlScreen::storeDuration(std::size_t index, const QString& text, s
     if (value == m_fields[index]->undoValue())
         return;
     if (labelExists())
-        workingValue(slotOf(index)) = value;
+        storeValue(slotOf(index), value);
     if (!state().canReachBoard() || !writeRegister(workingRegister(index), text))
         return;
     showDensity(index);
@@ -99,7 +99,7 @@ void ColorControlScreen::storeDuration(std::size_t index, const QString& text, s
 
 void ColorControlScreen::storeLabel(const QString& text, std::int32_t value)
 {
-    workingValue(kCurrentLabelSlot) = value;
+    storeValue(kCurrentLabelSlot, value);
     if (!state().canReachBoard()) {
         m_label = value;
         return;

@@ -66,7 +66,10 @@ QGroupBox* ColorControlScreen::makeColorFrame()
     auto* label = new QHBoxLayout;
     label->addWidget(m_labelCaption);
     label->addWidget(m_fields[kLabelField]);
-    label->addStretch();
+    m_labelName = new ValueLabel(QStringLiteral("lblLabelName"), QStringLiteral("Label Name"), {});
+    m_labelName->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    setTextSize(*m_labelName, TextSize::Value);
+    label->addWidget(m_labelName, 1);
     auto* inside = new QVBoxLayout(frame);
     inside->addLayout(label);
     auto* grid = new QGridLayout;

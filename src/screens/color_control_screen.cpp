@@ -6,6 +6,7 @@
 #include "data/color_density.h"
 #include "data/operating_mode.h"
 
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -60,7 +61,7 @@ ColorControlScreen::ColorControlScreen(ProgramState& state)
 void ColorControlScreen::load()
 {
     endLoad();
-    m_limits = workingLimits();
+    m_limits = limitsIn(state().gWorkingData);
     m_label = workingValue(kCurrentLabelSlot);
     m_fields[kLabelField]->setText(QString::number(m_label));
     m_fields[kStationField]->setText(QStringLiteral("1"));
@@ -137,7 +138,7 @@ void ColorControlScreen::showManual(bool enabled, int bits)
 
 Task ColorControlScreen::offlinePass()
 {
-    m_limits = workingLimits();
+    m_limits = limitsIn(state().gWorkingData);
     if (!m_fields[kLabelField]->beingEdited())
         m_label = m_fields[kLabelField]->value();
     workingValue(kCurrentLabelSlot) = m_label;
@@ -206,6 +207,22 @@ void ColorControlScreen::showInputs(int inputs)
                            : m_manualMode             ? LampState::Unusual
                                                       : LampState::Off);
     m_statusLamps[1]->show((inputs & kAutoOnInput) != 0 ? LampState::On : LampState::Off);
+}
+
+/// The press knows no names: on line the name is dim, and says where it comes from.
+void ColorControlScreen::showLabelName()
+{
+    const QString name = labelExists() ? state().labelNames.of(m_label) : QString();
+    const QString file = state().gUntitled
+                             ? QStringLiteral("data that has no file yet")
+                             : QFileInfo(labelNamesFile(state().gFileNamePath)).fileName();
+    m_labelName->setValue(
+        m_labelName->fontMetrics().elidedText(name, Qt::ElideRight, m_labelName->width()));
+    m_labelName->setForegroundRole(online() ? QPalette::PlaceholderText : QPalette::WindowText);
+    m_labelName->setToolTip(name.isEmpty()
+                                ? QString()
+                                : QStringLiteral("%1 (from %2; the controller knows no names)")
+                                      .arg(name.toHtmlEscaped(), file.toHtmlEscaped()));
 }
 
 bool ColorControlScreen::writeManual()
@@ -325,11 +342,6 @@ void ColorControlScreen::tellMissed(const QStringList& durations)
 }
 
 // --- Where a duration is kept ---
-
-DurationLimits ColorControlScreen::workingLimits()
-{
-    return {workingValue(reg::kMaximumOn.slot), workingValue(reg::kMaximumCycle.slot)};
-}
 
 bool ColorControlScreen::labelExists() const
 {

@@ -2,7 +2,7 @@
 
 #include "controls/bit_boxes.h"
 #include "controls/numeric_entry_field.h"
-#include "screens/color_math.h"
+#include "data/duration_rules.h"
 #include "shell/screen.h"
 
 #include <array>
@@ -31,6 +31,7 @@ protected:
     void applyOnlineView() override;
     void applyOfflineView() override;
     void load() override;
+    void refreshAlways() override { showLabelName(); }
     Task enterOnline() override;
     Task onlinePass() override;
     Task offlinePass() override;
@@ -69,7 +70,6 @@ private:
     std::optional<std::int32_t> storedDuration(std::size_t index);
     void tellMissed(const QStringList& durations);
 
-    DurationLimits workingLimits();
     bool labelExists() const;
     int slotOf(std::size_t index) const;
     static const std::string& workingRegister(std::size_t index);
@@ -77,6 +77,7 @@ private:
     QString workingDuration(std::size_t index);
     void showEntry(std::size_t entry, const QString& value);
     void showInputs(int inputs);
+    void showLabelName();
     void showDuration(std::size_t index, const QString& value);
     void showDensity(std::size_t index);
     void enableLabelSelect(bool enabled);
@@ -100,6 +101,7 @@ private:
     std::array<ValueLabel*, 4> m_status{};
     std::array<Lamp*, 2> m_statusLamps{}; ///< operational mode, ductors auto on
     QLabel* m_labelCaption = nullptr;
+    ValueLabel* m_labelName = nullptr;
     BitBoxes m_manual;
     std::array<QGroupBox*, 4> m_frames{};
 

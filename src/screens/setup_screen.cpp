@@ -106,7 +106,7 @@ QGroupBox* SetupScreen::makeCycle()
 EntryRules SetupScreen::rulesOf(std::size_t entry)
 {
     const auto keep = [this, entry](int slot, const QString& text, std::int32_t value) {
-        workingValue(slot + static_cast<int>(entry)) = value;
+        storeValue(slot + static_cast<int>(entry), value);
         writeRegister(kRegisters[entry], text);
     };
     EntryRules rules;
@@ -185,7 +185,7 @@ bool SetupScreen::setFeedback(int bits)
     // kept: a refused entry stops buttons and boxes as well; its user looks at the box, not here.
     if (!entriesSettled())
         return false;
-    workingValue(reg::kFeedbackEnable.slot) = bits;
+    storeValue(reg::kFeedbackEnable.slot, bits);
     writeRegister(kRegisters[kFeedbackEntry], QString::number(bits));
     return true;
 }

@@ -45,6 +45,7 @@ void FileCommands::newFile()
         return;
     m_state.gWorkingData = m_state.gDefaultData;
     m_state.gSavedData = m_state.gWorkingData;
+    m_state.labelNames = m_state.savedLabelNames = {};
     m_state.gUntitled = true;
     setCaption(kUnnamed);
     m_state.announceNewData();
@@ -103,7 +104,36 @@ void FileCommands::acceptFile()
     m_state.gUntitled = false;
     setCaption(u'[' + m_state.gFileNameTitle + u']');
     m_recent.add(m_state.gFileNamePath);
+    loadNames();
     m_state.announceNewData();
+}
+
+/// A names file that cannot be used costs the names, never the data.
+void FileCommands::loadNames()
+{
+    const LoadedNames loaded = loadLabelNames(m_state.gFileNamePath);
+    m_state.labelNames = m_state.savedLabelNames = loaded.names;
+    if (loaded.fault.isEmpty())
+        return;
+    const QString text = QStringLiteral("The names of the labels cannot be used:\r\n%1\r\n%2"
+                                        "\r\n\r\nThe set-up data are complete.")
+                             .arg(labelNamesFile(m_state.gFileNamePath), loaded.fault);
+    m_state.prompts.showMessage(
+        {BoxIcon::Warning, BoxButtons::Ok, "Label Names", text.toStdString()});
+}
+
+/// False when they could not be saved, which is told.
+bool FileCommands::saveNames()
+{
+    const auto reason = saveLabelNames(m_state.gFileNamePath, m_state.labelNames);
+    if (!reason)
+        m_state.savedLabelNames = m_state.labelNames;
+    else
+        m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "Label Names",
+                                     "The set-up data are saved, the names of the labels are "
+                                     "not.\r\n\r\n" +
+                                         reason->toStdString()});
+    return !reason;
 }
 
 bool FileCommands::save()
@@ -115,7 +145,7 @@ bool FileCommands::save()
         m_state.prompts.showMessage({BoxIcon::Warning, BoxButtons::Ok, "TAMBRIX",
                                      "Cannot Save File\r\n" + m_state.gFileNamePath.toStdString() +
                                          "\r\n\r\n" + error->toStdString()});
-    return !error;
+    return !error && saveNames();
 }
 
 bool FileCommands::saveAs()
@@ -126,7 +156,7 @@ bool FileCommands::saveAs()
         return false;
     m_state.gUntitled = false;
     setFileName(*path);
-    return !writeFile();
+    return !writeFile() && saveNames();
 }
 
 QString FileCommands::saveFolder() const

@@ -8,7 +8,7 @@
 namespace tambrix {
 
 /// The File menu's New, Open, Save, Save As and Export Shift Data: they keep the working data set
-/// in set-up files (*.sdt) and write its shift counts as text.
+/// in set-up files (*.sdt), the labels' names beside them, and write its shift counts as text.
 class FileCommands : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     /// the data are in the file; nothing in memory has changed when they are not.
     bool save();
 
-    /// Asks for a name and saves under it. A failure is not mentioned.
+    /// Asks for a name and saves under it. A failure is not mentioned, but one with the names is.
     bool saveAs();
 
     /// Writes the shift cycling counts of the working data as text, under a name asked for.
@@ -54,6 +54,8 @@ private:
     QString saveFolder() const;
     void setFileName(const QString& path);
     void setCaption(const QString& caption);
+    void loadNames();
+    bool saveNames();
     std::optional<QString> writeFile();
 
     ProgramState& m_state;

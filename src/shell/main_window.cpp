@@ -57,10 +57,12 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
     new WindowBelow(*this);
     new FileDrop(*this, [this](const QString& file) { m_files.openFile(file); });
     connect(&m_state, &ProgramState::onlineModeApplied, this, &MainWindow::showMode);
-    connect(&m_state, &ProgramState::dataReplaced, this, [this] {
-        if (m_screen != nullptr)
-            m_screen->reload();
-    });
+    for (auto change : {&ProgramState::dataReplaced, &ProgramState::dataEdited}) {
+        connect(&m_state, change, this, [this] {
+            if (m_screen != nullptr)
+                m_screen->reload();
+        });
+    }
     m_poll.setObjectName(QStringLiteral("tmrBackgroungUpdate")); // kept: the control's own name
     m_poll.setInterval(kPollInterval);
     connect(&m_poll, &QTimer::timeout, this, &MainWindow::poll);

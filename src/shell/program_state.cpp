@@ -1,6 +1,7 @@
 #include "shell/program_state.h"
 
 #include "data/version.h"
+#include "shell/data_edit.h"
 
 #include <QFileInfo>
 
@@ -82,7 +83,14 @@ void ProgramState::announceNewData()
 
 bool ProgramState::hasUnsavedChanges() const
 {
-    return gWorkingData.Version != gProgramVersion || gWorkingData.Value != gSavedData.Value;
+    return gWorkingData.Version != gProgramVersion || gWorkingData.Value != gSavedData.Value ||
+           labelNames != savedLabelNames;
+}
+
+void ProgramState::edit(const QString& what, DataChange change)
+{
+    if (!change.isEmpty())
+        undoStack.push(new DataEdit(*this, what, std::move(change)));
 }
 
 } // namespace tambrix

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/setup_data.h"
+#include "data/data_change.h"
 #include "link/rs_comm.h"
 #include "platform/program_folders.h"
 #include "shell/link_boxes.h"
@@ -61,7 +61,7 @@ public:
     /// to; a port that does not open has its own box, and `gLink.OnlineMode` tells.
     bool offerOnline();
 
-    /// Whether `gWorkingData` holds anything that is not in `gSavedData`.
+    /// Whether the working data or the labels' names hold anything that has not been saved.
     bool hasUnsavedChanges() const;
 
     /// On line, and the link is not broken: what every write to the controller asks first.
@@ -83,7 +83,9 @@ public:
     SetupDataRecord gWorkingData;
     SetupDataRecord gSavedData;
     SetupDataRecord gFileBuffer;
-    bool gUntitled = true; ///< the working data has no file name yet
+    LabelNames labelNames;      ///< what this PC calls the labels of the working data
+    LabelNames savedLabelNames; ///< as they are beside the file
+    bool gUntitled = true;      ///< the working data has no file name yet
 
     QString gSystemMessage;       ///< what the main display shows; lines end in CR LF
     std::optional<int> alarmWord; ///< bit 0 for ductor 1; none: alarms are not known
@@ -113,14 +115,21 @@ public:
     int transferRequest = 0;          ///< code of the last bulk transfer
     bool labelRangeCancelled = false; ///< the label range dialog ended without a range
 
-    /// The working data have been replaced by other ones (New, Open, upload): what shows or keeps
-    /// parts of the old ones forgets them.
+    /// The working data have been replaced by other ones (New, Open): what shows or keeps parts of
+    /// the old ones forgets them, and there is nothing to undo any more.
     void announceNewData();
+
+    /// Changes the working data in one step that can be undone, called `what`. Nothing where there
+    /// is nothing to change.
+    void edit(const QString& what, DataChange change);
+    /// A step of editing was made, undone or redone: what shows the working data looks again.
+    void announceEdit() { emit dataEdited(); }
 
 signals:
     /// The port has been opened or closed; `online` is the mode to show.
     void onlineModeApplied(bool online);
     void dataReplaced();
+    void dataEdited();
 };
 
 } // namespace tambrix

@@ -6,6 +6,7 @@
 #include "link/register_value.h"
 
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -37,7 +38,7 @@ void Screen::deactivate()
 
 void Screen::reload()
 {
-    if (online())
+    if (online() || m_storing)
         return;
     deactivate();
     load();
@@ -48,6 +49,18 @@ void Screen::dropEntries()
 {
     for (NumericEntryField* field : findChildren<NumericEntryField*>())
         field->endEditing();
+}
+
+void Screen::storeValue(int slot, std::int32_t value)
+{
+    if (online()) {
+        workingValue(slot) = value;
+        return;
+    }
+    if (workingValue(slot) == value)
+        return;
+    const QScopedValueRollback storing(m_storing, true);
+    m_state.edit(fromLink(nameOf(entryAt(slot))), {{{slot, value}}, {}, {}});
 }
 
 bool Screen::entriesSettled()

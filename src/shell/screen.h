@@ -28,8 +28,9 @@ public:
     /// Ends the refreshes where they stand.
     void deactivate();
 
-    /// The working data set is another one: off line, begins as if the screen had just been
-    /// shown. Entries under way are dropped. On line the controller's values stand.
+    /// The working data set is another one, or was changed elsewhere: off line, begins as if the
+    /// screen had just been shown. Entries under way are dropped. On line the controller's values
+    /// stand.
     void reload();
 
 protected:
@@ -71,6 +72,9 @@ protected:
         return m_state.gWorkingData.Value.at(static_cast<std::size_t>(slot));
     }
 
+    /// Stores an entry of the working data set: off line as a step that can be undone.
+    void storeValue(int slot, std::int32_t value);
+
     /// Checks and stores what is being typed in a field of this screen, as leaving it would. False
     /// when it was refused: then a button must not act on the press.
     bool entriesSettled();
@@ -89,6 +93,7 @@ private:
 
     ProgramState& m_state;
     QPushButton* m_cmdDefault;
+    bool m_storing = false;      ///< the step under way is this screen's own
     bool m_shownEditing = false; ///< what gOfflineEditing was when the look was shown
     LinkPoller m_poller;         // last: its frames are gone before anything that they use
 };

@@ -25,6 +25,14 @@ void askLabels(ProgramState& state, QWidget& window)
     state.labelRangeCancelled = dialog.range().cancelled;
 }
 
+/// What was uploaded is one step that can be undone.
+void makeStep(ProgramState& state, const std::vector<std::int32_t>& before)
+{
+    const SetupDataRecord after = state.gWorkingData;
+    state.gWorkingData.Value = before;
+    state.edit(QStringLiteral("Upload"), changeTo(after, state.gWorkingData));
+}
+
 } // namespace
 
 void uploadData(ProgramState& state, QWidget& window, int group)
@@ -56,10 +64,10 @@ void transferData(ProgramState& state, QWidget& window, int requestCode)
     if (requestCode >= kDownload && !state.mayDownload())
         return;
     const LabelRange labels{state.report.firstLabel, state.report.lastLabel, false};
+    const std::vector<std::int32_t> before = state.gWorkingData.Value;
     ProcessingDialog dialog(state, transferPlan(requestCode, labels), &window);
     dialog.exec();
-    if (requestCode < kDownload)
-        state.announceNewData();
+    makeStep(state, before);
 }
 
 } // namespace tambrix

@@ -43,8 +43,10 @@ TEST_F(BackupsTest, AreOrdinarySetupFilesNamedForTheirPress)
 TEST_F(BackupsTest, KeepTheLastFiftyAndNobodyElsesFiles)
 {
     const SetupDataRecord record = defaultSetupData("V");
+    LabelNames names;
+    names.set(6, "Beer gold");
     for (int i = 0; i < 52; ++i)
-        savedPath(backups.save(record, kNoon.addSecs(i), QStringLiteral("p")));
+        savedPath(backups.save(record, kNoon.addSecs(i), QStringLiteral("p"), names));
     QFile own(root.filePath("Backups/own.sdt"));
     ASSERT_TRUE(own.open(QIODevice::WriteOnly));
     savedPath(backups.save(record, kNoon.addSecs(60), {}));
@@ -53,6 +55,9 @@ TEST_F(BackupsTest, KeepTheLastFiftyAndNobodyElsesFiles)
     EXPECT_EQ(files.front().title, "2026-11-21 12-01-02");
     EXPECT_EQ(files.back().title, "2026-11-21 12-00-05 p");
     EXPECT_TRUE(own.exists());
+    EXPECT_EQ(loadLabelNames(files.back().path).names, names);
+    EXPECT_EQ(backups.folder().entryList({"*.labels.csv"}).size(), 49)
+        << "names go with their file";
 }
 
 TEST_F(BackupsTest, SayWhyTheyCannotBeMade)

@@ -6,7 +6,7 @@ using namespace tambrix;
 
 namespace {
 
-SetupDataRecord hostile()
+NamedSetup hostile()
 {
     SetupDataRecord record = defaultSetupData("=1+1,\"x\"\n");
     record.Value[20] = -2147483647;
@@ -14,10 +14,13 @@ SetupDataRecord hostile()
     record.Address[30].clear();
     record.Address[31] = "=cmd|' /C'!A0";
     record.Address[32] = "a,\"b\"\t\r\nc";
-    return record;
+    LabelNames names;
+    names.set(0, "=1+1");
+    names.set(99, "a,\"b\"\t\r\nc 'd");
+    return {record, names};
 }
 
-QString faultOf(const std::variant<SetupDataRecord, TextFault>& result)
+QString faultOf(const std::variant<NamedSetup, TextFault>& result)
 {
     const auto* fault = std::get_if<TextFault>(&result);
     return fault != nullptr ? fault->sentence() : QString();
@@ -27,11 +30,11 @@ QString faultOf(const std::variant<SetupDataRecord, TextFault>& result)
 
 TEST(SetupText, ReadsBackWhatItWrote)
 {
-    const SetupDataRecord record = hostile();
-    EXPECT_EQ(std::get<SetupDataRecord>(readSetupCsv(setupCsv(record))), record);
-    EXPECT_EQ(std::get<SetupDataRecord>(readSetupJson(setupJson(record))), record);
-    EXPECT_TRUE(setupCsv(defaultSetupData("V"))
-                    .startsWith("TAMBRIX data set,1,V\r\nEntry,Name,Register,Unit,Value\r\n"));
+    const NamedSetup setup = hostile();
+    EXPECT_EQ(std::get<NamedSetup>(readSetupCsv(setupCsv(setup))), setup);
+    EXPECT_EQ(std::get<NamedSetup>(readSetupJson(setupJson(setup))), setup);
+    EXPECT_TRUE(setupCsv({defaultSetupData("V"), {}})
+                    .startsWith("TAMBRIX data set,1,V\r\nEntry,Name,Register,Unit,Value,"));
 }
 
 TEST(SetupText, RefusesWithLineAndColumn)
@@ -43,28 +46,30 @@ TEST(SetupText, RefusesWithLineAndColumn)
         const char* to;
         const char* fault;
     };
-    const char* const field = "W690,0.1 cans,500\r\n";
+    const char* const field = "W690,0.1 cans,500,\r\n";
     const char* const entry = "\"0.1 cans\", \"value\": 500";
     const char* const noNumber = "Line 11, column 40: no plain whole number.";
     const Case cases[] = {
-        {false, field, "W690,0.1 cans,\"1,500\"\r\n", noNumber},
-        {false, field, "W690,0.1 cans,50.0\r\n", noNumber},
-        {false, field, "W690,0.1 cans,1,500\r\n", "Line 11, column 42: 6 fields, not 5."},
+        {false, field, "W690,0.1 cans,\"1,500\",\r\n", noNumber},
+        {false, field, "W690,0.1 cans,50.0,\r\n", noNumber},
+        {false, field, "W690,0.1 cans,1,500,\r\n", "Line 11, column 46: 7 fields, not 6."},
+        {false, field, "W690,0.1 cans,500,Cola\r\n", "Line 11, column 44: a label's name"},
         {false, "8,Max", "7,Max", "Line 11, column 1: entry 8 is expected here."},
         {false, "8,Max", "8,\"Max", "Line 17, column 5: a quote in the middle of a field."},
         {false, "data set,1", "data set,2", "Line 1, column 18: a format that"},
         {true, entry, "\"0.1 cans\", \"value\": 1,500", "Line 14, column "},
         {true, entry, "\"0.1 cans\", \"value\": 50.5", "Line 14, column 1: entry 8: no plain"},
+        {true, "\"labelNames\": [", "\"labelNames\": [{\"label\": 100}", "name 1: no label"},
         {true, "{\"entry\": 8,", "{\"entry\": 9,", "entry 8: missing, or not in its place."},
     };
-    const SetupDataRecord record = defaultSetupData("V");
+    const NamedSetup setup{defaultSetupData("V"), {}};
     for (const Case& c : cases) {
-        QByteArray text = c.json ? setupJson(record) : setupCsv(record);
+        QByteArray text = c.json ? setupJson(setup) : setupCsv(setup);
         text.replace(c.from, c.to);
         const QString fault = faultOf(c.json ? readSetupJson(text) : readSetupCsv(text));
         EXPECT_TRUE(fault.contains(c.fault)) << c.to << ": " << fault.toStdString();
     }
-    EXPECT_EQ(faultOf(readSetupCsv(setupCsv(record).chopped(40))).contains("Line 1616"), true);
+    EXPECT_EQ(faultOf(readSetupCsv(setupCsv(setup).chopped(40))).contains("Line 1616"), true);
     EXPECT_FALSE(faultOf(readSetupCsv(QByteArray(1'000'000, '\n'))).isEmpty());
     EXPECT_FALSE(faultOf(readSetupCsv(QByteArray(5'000'000, 'x'))).isEmpty());
     EXPECT_FALSE(faultOf(readSetupJson("[]")).isEmpty());

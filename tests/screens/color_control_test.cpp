@@ -187,6 +187,33 @@ TEST_F(ColorControl, AnotherDataSetIsShownAsIfTheScreenWereNew)
     EXPECT_EQ(rig.state.gWorkingData.Value, opened);
 }
 
+TEST_F(ColorControl, StepsOffLineAreUndoneAndOnLineThereAreNone)
+{
+    rig.state.gOfflineEditing = true;
+    rig.state.labelNames.set(12, "Beer gold");
+    open();
+    enter(kLabel, "11");
+    enter(kLabel, "12");
+    enter("txtColorCtrl(0)", "5");
+    enter("txtColorCtrl(0)", "7");
+    pass();
+    EXPECT_EQ(label("lblLabelName"), "Beer gold");
+    QUndoStack& steps = rig.state.undoStack;
+    ASSERT_EQ(steps.count(), 3) << "choosing labels is one";
+    EXPECT_EQ(steps.undoText(), "Label 12 ON Duration, Ductor 1");
+    steps.undo();
+    EXPECT_EQ(slot(labelBase(12)), 5);
+    steps.undo();
+    steps.undo();
+    EXPECT_EQ(slot(labelBase(12)), 0);
+    EXPECT_EQ(slot(13), 0);
+    steps.clear();
+    rig.goOnline();
+    pass();
+    enter("txtColorCtrl(0)", "9");
+    EXPECT_EQ(steps.count(), 0);
+}
+
 TEST_F(ColorControl, ASpinnerClickRestartsTheLoad)
 {
     beginLoad("5");

@@ -102,6 +102,35 @@ TEST_F(FileCommandsTest, SaveAsksForANameOnceAndWritesTheProgramsVersion)
     EXPECT_TRUE(person.boxes.empty());
 }
 
+TEST_F(FileCommandsTest, NamesOfLabelsGoWithTheFile)
+{
+    state.edit("Name", {{{14, 5}}, {{6, "Beer gold"}}, {}});
+    state.undoStack.undo();
+    EXPECT_TRUE(state.labelNames.isEmpty());
+    EXPECT_FALSE(state.hasUnsavedChanges());
+    state.undoStack.redo();
+    willAnswer({BoxAnswer::Yes}, {path("a.sdt")});
+    pick("mnuFileNew");
+    EXPECT_EQ(texts(), saveQuestion) << "untitled names are asked for, too";
+    EXPECT_TRUE(state.labelNames.isEmpty());
+    EXPECT_FALSE(state.undoStack.canUndo());
+    EXPECT_EQ(loadLabelNames(path("a.sdt")).names.of(6), "Beer gold");
+
+    files.openFile(path("a.sdt"));
+    EXPECT_EQ(state.labelNames.of(6), "Beer gold");
+    EXPECT_FALSE(state.hasUnsavedChanges());
+    willAnswer({}, {path("b.sdt")});
+    pick("mnuFileSaveAs");
+    EXPECT_EQ(loadLabelNames(path("b.sdt")).names.of(6), "Beer gold");
+
+    ASSERT_FALSE(
+        writeWholeFile(path("b.labels.csv"), "TAMBRIX label names,1\r\nLabel,Name\r\n6;x"));
+    files.openFile(path("b.sdt"));
+    EXPECT_EQ(state.gWorkingData.Value[14], 5) << "only the names are lost";
+    ASSERT_EQ(person.boxes.size(), 1U);
+    EXPECT_NE(texts()[0].find("Line 3, column 1"), std::string::npos) << texts()[0];
+}
+
 TEST_F(FileCommandsTest, AFileOpensWithoutAQuestionCutToItsLength)
 {
     SetupDataRecord longer = otherData();

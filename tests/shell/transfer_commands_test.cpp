@@ -125,6 +125,10 @@ TEST_F(TransferCommands, UploadsChosenLabelsOnly)
     EXPECT_EQ(value[109], 55);
     EXPECT_EQ(value[110], 0);
     EXPECT_EQ(state.report.firstLabel, 5);
+    state.undoStack.undo();
+    EXPECT_EQ(state.gWorkingData, state.gDefaultData) << "an upload is one step";
+    state.undoStack.redo();
+    EXPECT_EQ(value[94], 55);
 
     const ModalWatch<LabelRangeDialog> none([](auto& dialog) { chooseLabels(dialog, "12", ""); });
     sent.clear();

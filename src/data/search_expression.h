@@ -1,15 +1,17 @@
 #pragma once
 
+#include "data/refusal.h"
 #include "data/setup_data.h"
 
 #include <QString>
 
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace tambrix {
 
-/// What `find` looks for in a data set. Terms joined by "and"; each is a comparison:
+/// What to look for in a data set. Terms joined by "and"; each is a comparison:
 ///
 ///     W690>500               a register
 ///     ON3=25                 a label's ON duration (CYCLE3 likewise) of ductor 3
@@ -20,8 +22,8 @@ namespace tambrix {
 class SearchExpression
 {
 public:
-    /// Throws Failure (exit code 2) for what is no expression.
-    explicit SearchExpression(const QString& text);
+    /// Refused: what is no expression.
+    static std::variant<SearchExpression, Refusal> parse(const QString& text);
 
     /// What a data set has of it: nothing when it does not match; else the labels for which all
     /// label terms hold, none when there are no label terms.
@@ -40,7 +42,7 @@ private:
         std::int64_t number = 0;
     };
 
-    static Term parse(const QString& text);
+    static std::variant<Term, Refusal> parseTerm(const QString& text);
     static bool holds(const Term& term, std::int64_t value);
     static bool holdsInRegister(const Term& term, const SetupDataRecord& record);
     static bool holdsInLabel(const Term& term, const SetupDataRecord& record, int label);

@@ -1,7 +1,6 @@
-#include "commands/search_expression.h"
+#include "data/search_expression.h"
 
-#include "commands/failure.h"
-#include "commands/typed_register.h"
+#include "data/register_text.h"
 
 #include <QRegularExpression>
 
@@ -10,17 +9,22 @@
 
 namespace tambrix {
 
-SearchExpression::SearchExpression(const QString& text)
+std::variant<SearchExpression, Refusal> SearchExpression::parse(const QString& text)
 {
     static const QRegularExpression joint(QStringLiteral("\\s+and\\s+"),
                                           QRegularExpression::CaseInsensitiveOption);
+    SearchExpression expression;
     for (const QString& part : text.split(joint)) {
-        const Term term = parse(part.trimmed());
-        (term.address.empty() ? m_labels : m_registers).push_back(term);
+        auto parsed = parseTerm(part.trimmed());
+        if (const auto* refusal = std::get_if<Refusal>(&parsed))
+            return *refusal;
+        const Term& term = std::get<Term>(parsed);
+        (term.address.empty() ? expression.m_labels : expression.m_registers).push_back(term);
     }
+    return expression;
 }
 
-SearchExpression::Term SearchExpression::parse(const QString& text)
+std::variant<SearchExpression::Term, Refusal> SearchExpression::parseTerm(const QString& text)
 {
     static const QRegularExpression form(
         QStringLiteral("\\A(?:label\\s+([0-9]{1,2})\\s+)?(?:(ON|CYCLE)([1-8])?|([A-Z0-9.]+))"
@@ -33,12 +37,15 @@ SearchExpression::Term SearchExpression::parse(const QString& text)
     const auto match = form.match(text);
     const bool registerOfLabel = !match.captured(1).isEmpty() && !match.captured(4).isEmpty();
     if (!match.hasMatch() || registerOfLabel)
-        throw Failure{ExitCode::Usage,
-                      QStringLiteral("'%1' is no comparison (examples: W690>500, label 12 ON3=25)")
-                          .arg(text)};
+        return Refusal{QStringLiteral("'%1' is no comparison (examples: W690>500, label 12 ON3=25)")
+                           .arg(text)};
     Term term;
-    if (!match.captured(4).isEmpty())
-        term.address = typedRegister(match.captured(4));
+    if (!match.captured(4).isEmpty()) {
+        auto address = registerFromText(match.captured(4));
+        if (const auto* refusal = std::get_if<Refusal>(&address))
+            return *refusal;
+        term.address = std::get<std::string>(std::move(address));
+    }
     if (!match.captured(1).isEmpty())
         term.label = match.captured(1).toInt();
     if (!match.captured(3).isEmpty())
