@@ -22,14 +22,17 @@ DatasetsTools::DatasetsTools(ProgramState& state, MainWindow& window)
     : QObject(&window), m_state(state), m_window(window), m_daily(state)
 {
     ToolsMenu& menu = window.tools();
-    menu.addCommand({QStringLiteral("&Compare and Restore..."), QStringLiteral("mnuToolsCompare"),
-                     QKeySequence(Qt::CTRL | Qt::Key_R), [this] { compare(); }});
+    QAction* comparison = menu.addCommand(
+        {QStringLiteral("&Compare and Restore..."), QStringLiteral("mnuToolsCompare"),
+         QKeySequence(Qt::CTRL | Qt::Key_R), [this] { compare(); }});
     QAction* labels = menu.addWindow({QStringLiteral("All &Labels..."),
                                       QStringLiteral("mnuToolsLabels"),
                                       QKeySequence(Qt::CTRL | Qt::Key_L),
                                       {}},
                                      [this](QWidget& parent) { return makeLabels(parent); });
-    window.toolbar().addTool(QStringLiteral("labels"), QStringLiteral("Labels"), *labels);
+    window.toolbar().addGap();
+    window.toolbar().addTool(QStringLiteral("compare"), QStringLiteral("Compare"), *comparison);
+    window.toolbar().addTool(QStringLiteral("labels"), QStringLiteral("All Labels"), *labels);
     menu.addOption({QStringLiteral("&Back Up Before Every Download"),
                     QStringLiteral("mnuToolsBackUpFirst"),
                     {},

@@ -7,7 +7,7 @@
 #include "data/color_density.h"
 #include "data/entry_group.h"
 
-#include <QGridLayout>
+#include <QVBoxLayout>
 
 namespace tambrix {
 
@@ -19,11 +19,13 @@ LabelPane::LabelPane(ProgramState& state)
     setTextSize(*m_title, TextSize::Value, true);
     m_name->setWordWrap(true);
     m_name->setForegroundRole(QPalette::PlaceholderText);
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins({});
-    grid->addWidget(m_title, 0, 0, 1, 3);
-    grid->addWidget(m_name, 1, 0, 1, 3);
+    auto* inside = new QVBoxLayout(this);
+    inside->setContentsMargins({});
+    inside->addWidget(m_title);
+    inside->addWidget(m_name);
+    auto* grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
+    inside->addLayout(grid, 1);
     for (int d = 0; d < kDuctors; ++d) {
         const auto ductor = static_cast<std::size_t>(d);
         const QString what = QStringLiteral("Color Density ductor %1").arg(d + 1);
@@ -34,10 +36,9 @@ LabelPane::LabelPane(ProgramState& state)
         m_densities[ductor] = new ValueLabel(arrayName("lblLabelDensity", d), what, {});
         m_densities[ductor]->setWidest(QStringLiteral("000.0%"));
         m_densities[ductor]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        grid->addWidget(number, 2 + d, 0);
-        grid->addWidget(m_bars[ductor], 2 + d, 1);
-        grid->addWidget(m_densities[ductor], 2 + d, 2);
-        grid->setRowStretch(2 + d, 1);
+        grid->addWidget(number, d, 0);
+        grid->addWidget(m_bars[ductor], d, 1);
+        grid->addWidget(m_densities[ductor], d, 2);
     }
 }
 

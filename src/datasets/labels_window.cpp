@@ -32,6 +32,7 @@ LabelsWindow::LabelsWindow(ProgramState& state, LabelsHooks hooks, QWidget* pare
     build();
     for (auto change : {&ProgramState::dataReplaced, &ProgramState::dataEdited})
         connect(&m_state, change, this, &LabelsWindow::showState);
+    connect(&m_state, &ProgramState::onlineModeApplied, this, &LabelsWindow::showState);
     connect(&m_model, &LabelsModel::refused, this, &LabelsWindow::tellRefused);
     m_view->setCurrentIndex(m_model.index(currentLabel(), LabelsModel::Name));
     showState();

@@ -93,7 +93,6 @@ private:
     QListWidget* m_lstProblems = nullptr;
     QLabel* m_lblNote = nullptr;
     std::vector<QWidget*> m_editing; ///< what needs a table that can be changed
-    QPushButton* m_cmdSend = nullptr;
 };
 
 } // namespace tambrix

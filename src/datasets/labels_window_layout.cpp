@@ -25,8 +25,8 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kSize(1200, 680);
-constexpr int kNameShare = 22; // letters that the name's column has room for
-constexpr int kSideShare = 30; // letters across the pane beside the table
+constexpr int kNameShare = 26; // letters that the name's column has room for
+constexpr int kSideShare = 40; // letters across the pane beside the table
 
 } // namespace
 
@@ -184,8 +184,9 @@ QHBoxLayout* LabelsWindow::buildButtons()
     auto* more = addButton(*row, "cmdMore", QStringLiteral("&More"), {});
     more->setMenu(new QMenu(more));
     row->addStretch(1);
-    m_cmdSend = addButton(*row, "cmdSend", QStringLiteral("Send &These Labels..."),
-                          [this] { m_hooks.send(labels()); });
+    QPushButton* send = addButton(*row, "cmdSend", QStringLiteral("Send &These Labels..."),
+                                  [this] { m_hooks.send(labels()); });
+    setPrimary(*send, true);
     addButton(*row, "cmdClose", QStringLiteral("Close"), [this] { close(); });
     return row;
 }

@@ -5,6 +5,8 @@
 #include "controls/cut_texts.h"
 #include "controls/lamp.h"
 #include "controls/value_label.h"
+#include "datasets/labels_window.h"
+#include "datasets/plan_dialog.h"
 #include "help/about_box.h"
 #include "help/help_window.h"
 #include "help/system_info_window.h"
@@ -87,6 +89,9 @@ std::vector<std::unique_ptr<QWidget>> dialogs(ProgramState& state)
     all.push_back(std::make_unique<CommPortDialog>(state));
     all.push_back(std::make_unique<ReportSetup>(state, ReportActions{}));
     all.push_back(std::make_unique<AboutBox>(state));
+    all.push_back(std::make_unique<LabelsWindow>(state, LabelsHooks{}));
+    all.push_back(
+        std::make_unique<ScaleDialog>(state.gWorkingData, std::vector{6}, DuctorSet(255), nullptr));
     all.push_back(std::make_unique<SystemInfoWindow>(
         std::vector<SystemFact>{{"Processor", "One with a long name, as they have it now"}}));
     all.push_back(std::make_unique<HelpWindow>(HelpBook(QString())));

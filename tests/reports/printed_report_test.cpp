@@ -29,7 +29,12 @@ struct StandbyRig : PressRig
 
     Outcome make(PageRange range = {})
     {
-        StandbyWindow window(reportContent(state, QDateTime::currentDateTime()), printer, range);
+        return make(reportContent(state, QDateTime::currentDateTime()), range);
+    }
+
+    Outcome make(const Report& report, PageRange range)
+    {
+        StandbyWindow window(report, printer, range);
         auto* page = window.findChild<QLabel*>("lblWait");
         auto* cancel = window.findChild<QPushButton*>("cmdWaitCancel");
         auto* progress = window.findChild<QProgressBar*>("prgWait");
@@ -88,6 +93,20 @@ TEST(PrintedReport, CutsNoValueShort)
     const QString printed = rig.printer.engine.pages.join(QString());
     EXPECT_TRUE(printed.contains(QRegularExpression("\\|\\d{5}\\.\\d%\\|")));
     EXPECT_FALSE(printed.contains(QChar(0x2026))); // the ellipsis
+}
+
+TEST(PrintedReport, HasAPageForEachChosenLabel)
+{
+    StandbyRig rig;
+    rig.state.labelNames.set(6, "Beer gold");
+    rig.state.gWorkingData.Value[labelBase(6) + 2] = 50;
+    rig.make(labelReport(rig.state, {6, 99}, QDateTime::currentDateTime()), {});
+    const QStringList& pages = rig.printer.engine.pages;
+    ASSERT_EQ(pages.size(), 2);
+    EXPECT_TRUE(pages[0].contains("|Label 6: Beer gold|")) << pages[0].toStdString();
+    EXPECT_TRUE(pages[0].contains("|3|32.5%|ON 50, CYCLE 200 (0.1 cans)|"));
+    EXPECT_TRUE(pages[1].contains("|Label 99|"));
+    EXPECT_TRUE(pages[1].contains("|Page 2 of 2|"));
 }
 
 TEST(PrintedReport, GoesToThePrinterThatTheUserChooses)

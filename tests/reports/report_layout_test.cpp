@@ -61,6 +61,6 @@ TEST(ReportLayout, LosesNothingSplitsNoLabelAndOverlapsNothing)
         }
         EXPECT_EQ(printed, rows);
     }
-    const Report labels{{}, {}, {}, {report.tables.back()}};
+    const Report labels{{}, {}, {}, {report.tables.back()}, {}};
     EXPECT_EQ(paginate(labels, 20).size(), 100u); // lower than a label
 }
