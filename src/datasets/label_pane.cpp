@@ -37,7 +37,7 @@ LabelPane::LabelPane(ProgramState& state)
         m_densities[ductor]->setWidest(QStringLiteral("000.0%"));
         m_densities[ductor]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(number, d, 0);
-        grid->addWidget(m_bars[ductor], d, 1);
+        grid->addWidget(m_bars[ductor], d, 1, Qt::AlignVCenter);
         grid->addWidget(m_densities[ductor], d, 2);
     }
 }

@@ -41,11 +41,11 @@ void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QM
 void paintBar(QPainter& painter, const QRect& track, double share, bool problem, const Tones& tones)
 {
     painter.setPen(problem ? QPen(tones.alarm, 2) : QPen(Qt::NoPen));
-    painter.setBrush(tones.track);
+    painter.setBrush(problem ? tones.alarmGround : tones.track);
     painter.drawRoundedRect(track, kCorner, kCorner);
     QRect filled = track;
     filled.setWidth(static_cast<int>(track.width() * std::clamp(share, 0.0, 1.0)));
-    painter.fillRect(filled, softened(tones.bar));
+    painter.fillRect(filled, problem ? tones.track : softened(tones.bar));
 }
 
 } // namespace

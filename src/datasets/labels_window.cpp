@@ -1,5 +1,6 @@
 #include "datasets/labels_window.h"
 
+#include "controls/tones.h"
 #include "datasets/label_pane.h"
 
 #include <QApplication>
@@ -92,6 +93,10 @@ void LabelsWindow::showProblems()
                            : count == 1 ? QStringLiteral("1 &problem")
                                         : QStringLiteral("%1 &problems").arg(count));
     m_cmdProblems->setEnabled(count > 0);
+    QPalette colors;
+    if (count > 0)
+        colors.setColor(QPalette::ButtonText, tonesOf(palette()).alarm);
+    m_cmdProblems->setPalette(colors);
     m_lstProblems->setVisible(count > 0 && m_cmdProblems->isChecked());
     QStringList texts;
     for (const LabelProblem& problem : m_model.problems())

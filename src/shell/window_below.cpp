@@ -32,6 +32,7 @@ WindowBelow::WindowBelow(QWidget& mainWindow) : QObject(&mainWindow), m_mainWind
 bool WindowBelow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::WindowDeactivate && isClosingDialog(*watched)) {
+        m_parent = static_cast<const QWidget*>(watched)->parentWidget();
         for (const auto moment : kMoments)
             QTimer::singleShot(moment, this, &WindowBelow::activate);
     }
@@ -43,10 +44,15 @@ void WindowBelow::activate()
     const QWidget* active = QApplication::activeWindow();
     if (active != nullptr && active->isVisible())
         return;
-    QWidget* modal = QApplication::activeModalWidget();
-    QWidget& below = modal != nullptr ? *modal : m_mainWindow;
-    if (below.isVisible() && !below.isMinimized())
-        below.activateWindow();
+    QWidget* below = QApplication::activeModalWidget();
+    if (below == nullptr)
+        below = m_parent;
+    while (below != nullptr && !below->isVisible()) // it closes as well
+        below = below->parentWidget();
+    if (below == nullptr)
+        below = &m_mainWindow;
+    if (below->isVisible() && !below->isMinimized())
+        below->window()->activateWindow();
 }
 
 } // namespace tambrix

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QObject>
-
-class QWidget;
+#include <QPointer>
+#include <QWidget>
 
 namespace tambrix {
 
@@ -23,6 +23,7 @@ private:
     void activate();
 
     QWidget& m_mainWindow;
+    QPointer<QWidget> m_parent; ///< of the dialog that was closed last
 };
 
 } // namespace tambrix
