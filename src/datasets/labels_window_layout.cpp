@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 
 namespace tambrix {
@@ -25,8 +26,9 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kSize(1200, 680);
-constexpr int kNameShare = 26; // letters that the name's column has room for
-constexpr int kSideShare = 40; // letters across the pane beside the table
+constexpr QSize kFrame(16, 40); // about what the desktop puts around a window
+constexpr int kNameShare = 26;  // letters that the name's column has room for
+constexpr int kSideShare = 40;  // letters across the pane beside the table
 
 } // namespace
 
@@ -51,7 +53,7 @@ void LabelsWindow::build()
     content->addWidget(m_lblNote);
     content->addLayout(buildButtons());
     addActions();
-    resize(kSize);
+    resize(kSize.boundedTo(screen()->availableGeometry().size() - kFrame));
     m_view->setFocus();
 }
 
