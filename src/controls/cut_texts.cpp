@@ -24,7 +24,8 @@ bool canBeScrolled(const QWidget& control)
 /// Made as small as it is on purpose, or paints no text.
 bool meansToBeSmall(const QWidget& control)
 {
-    return control.maximumWidth() == control.minimumWidth() ||
+    const bool partOfField = qobject_cast<const QLineEdit*>(control.parentWidget()) != nullptr;
+    return partOfField || control.maximumWidth() == control.minimumWidth() ||
            control.maximumHeight() == control.minimumHeight();
 }
 

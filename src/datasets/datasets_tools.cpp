@@ -8,6 +8,7 @@
 #include "shell/tools_menu.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QStatusBar>
 
 namespace tambrix {
@@ -100,7 +101,7 @@ void DatasetsTools::send(const std::vector<int>& labels)
         const auto first = m_state.gWorkingData.Address.begin() + labelBase(label);
         addresses.insert(addresses.end(), first, first + kEntriesPerLabel);
     }
-    CompareWindow window(m_state, &m_window);
+    CompareWindow window(m_state, QApplication::activeWindow());
     window.session().compareOnly(std::move(addresses));
     window.exec();
 }

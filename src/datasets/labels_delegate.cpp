@@ -40,12 +40,17 @@ void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const QM
 /// The filled part ends square, so that 1 % is as true as 99 %.
 void paintBar(QPainter& painter, const QRect& track, double share, bool problem, const Tones& tones)
 {
-    painter.setPen(problem ? QPen(tones.alarm, 2) : QPen(Qt::NoPen));
+    painter.setPen(Qt::NoPen);
     painter.setBrush(problem ? tones.alarmGround : tones.track);
     painter.drawRoundedRect(track, kCorner, kCorner);
     QRect filled = track;
     filled.setWidth(static_cast<int>(track.width() * std::clamp(share, 0.0, 1.0)));
     painter.fillRect(filled, problem ? tones.track : softened(tones.bar));
+    if (!problem)
+        return;
+    painter.setPen(QPen(tones.alarm, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(track, kCorner, kCorner);
 }
 
 } // namespace

@@ -65,9 +65,21 @@ void LabelsWindow::showState()
     const bool editable = m_model.whyReadOnly().isEmpty();
     for (QWidget* control : m_editing)
         control->setEnabled(editable);
+    showSteps();
     showRows();
     showProblems();
     m_pane->showLabel(currentLabel());
+}
+
+/// What can be undone here, and what it was.
+void LabelsWindow::showSteps()
+{
+    const QUndoStack& stack = m_state.undoStack;
+    const bool editable = m_model.whyReadOnly().isEmpty();
+    m_cmdUndo->setEnabled(editable && stack.canUndo());
+    m_cmdRedo->setEnabled(editable && stack.canRedo());
+    m_cmdUndo->setToolTip(stack.undoText());
+    m_cmdRedo->setToolTip(stack.redoText());
 }
 
 /// The rows that are looked for, without the unused ones where they are to be hidden.

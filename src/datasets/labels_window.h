@@ -61,11 +61,11 @@ private:
     QPushButton* addButton(QHBoxLayout& row, const char* name, const QString& caption,
                            std::function<void()> act);
 
-    void followStack(QPushButton& undo, QPushButton& redo);
     void choose(LabelsModel::Shown shown);
     void showState();
     void showRows();
     void showProblems();
+    void showSteps();
     void goTo(const LabelProblem& problem);
     void goDown();
     void tellRefused(const QModelIndex& index, const QString& reason);
@@ -92,6 +92,8 @@ private:
     LabelPane* m_pane = nullptr;
     QListWidget* m_lstProblems = nullptr;
     QLabel* m_lblNote = nullptr;
+    QPushButton* m_cmdUndo = nullptr;
+    QPushButton* m_cmdRedo = nullptr;
     std::vector<QWidget*> m_editing; ///< what needs a table that can be changed
 };
 

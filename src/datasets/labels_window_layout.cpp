@@ -171,11 +171,11 @@ QWidget* LabelsWindow::buildSide()
 QHBoxLayout* LabelsWindow::buildButtons()
 {
     auto* row = new QHBoxLayout;
-    QPushButton* undo =
+    m_cmdUndo =
         addButton(*row, "cmdUndo", QStringLiteral("&Undo"), [this] { m_state.undoStack.undo(); });
-    QPushButton* redo =
+    m_cmdRedo =
         addButton(*row, "cmdRedo", QStringLiteral("&Redo"), [this] { m_state.undoStack.redo(); });
-    followStack(*undo, *redo);
+    connect(&m_state.undoStack, &QUndoStack::indexChanged, this, &LabelsWindow::showSteps);
     m_editing = {addButton(*row, "cmdScale", QStringLiteral("&Scale..."),
                            [this] { m_commands.scale(labels(), ductors()); }),
                  addButton(*row, "cmdCopyLabel", QStringLiteral("&Copy Label to..."),
@@ -193,19 +193,6 @@ QHBoxLayout* LabelsWindow::buildButtons()
     return row;
 }
 
-void LabelsWindow::followStack(QPushButton& undo, QPushButton& redo)
-{
-    QUndoStack& stack = m_state.undoStack;
-    undo.setEnabled(stack.canUndo());
-    redo.setEnabled(stack.canRedo());
-    connect(&stack, &QUndoStack::canUndoChanged, &undo, &QWidget::setEnabled);
-    connect(&stack, &QUndoStack::canRedoChanged, &redo, &QWidget::setEnabled);
-    undo.setToolTip(stack.undoText());
-    redo.setToolTip(stack.redoText());
-    connect(&stack, &QUndoStack::undoTextChanged, &undo, &QWidget::setToolTip);
-    connect(&stack, &QUndoStack::redoTextChanged, &redo, &QWidget::setToolTip);
-}
-
 /// The commands without a button of their own: in the table's own menu and under More.
 void LabelsWindow::addActions()
 {
@@ -215,9 +202,9 @@ void LabelsWindow::addActions()
     addAction("mnuFillDown", QStringLiteral("&Fill Down"), QKeySequence(Qt::CTRL | Qt::Key_D),
               [this] { m_commands.fillDown(cells()); });
     addAction("mnuUndo", QStringLiteral("U&ndo"), QKeySequence::Undo,
-              [this] { m_state.undoStack.undo(); });
+              [this] { m_cmdUndo->click(); });
     addAction("mnuRedo", QStringLiteral("&Redo"), QKeySequence::Redo,
-              [this] { m_state.undoStack.redo(); });
+              [this] { m_cmdRedo->click(); });
     addAction("mnuFind", QStringLiteral("F&ind"), QKeySequence::Find,
               [this] { m_txtFind->setFocus(); });
     addAction("mnuReport", QStringLiteral("Report Pre&view..."), QKeySequence::Print,

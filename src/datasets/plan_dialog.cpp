@@ -2,6 +2,7 @@
 
 #include "controls/calm_style.h"
 #include "controls/named_controls.h"
+#include "controls/value_label.h"
 #include "data/typed_number.h"
 
 #include <QFormLayout>
@@ -82,7 +83,8 @@ PlanDialog::PlanDialog(const QString& title, const QString& whatIsWrong, QWidget
       m_top(new QVBoxLayout),
       m_lblPlan(makeLabel(QStringLiteral("lblPlan"), {})),
       m_lstObjections(new QListWidget),
-      m_cmdOk(makeButton(QStringLiteral("cmdOk"), QStringLiteral("OK")))
+      m_cmdOk(makeButton(QStringLiteral("cmdOk"), QStringLiteral("OK"))),
+      m_cmdCancel(makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel")))
 {
     setObjectName(QStringLiteral("frmPlan"));
     setWindowTitle(title);
@@ -90,21 +92,28 @@ PlanDialog::PlanDialog(const QString& title, const QString& whatIsWrong, QWidget
     m_lstObjections->setObjectName(QStringLiteral("lstObjections"));
     m_lstObjections->setAccessibleName(QStringLiteral("What the rules forbid or cut"));
     m_lstObjections->setUniformItemSizes(true);
-    auto* cancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
     setPrimary(*m_cmdOk, true);
     m_cmdOk->setDefault(true);
     connect(m_cmdOk, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_cmdOk);
-    buttons->addWidget(cancel);
+    buttons->addWidget(m_cmdCancel);
     auto* content = new QVBoxLayout(this);
     content->addLayout(m_top);
     content->addWidget(m_lblPlan);
     content->addWidget(m_lstObjections, 1);
     content->addLayout(buttons);
     resize(kSize);
+}
+
+void PlanDialog::setForm(QFormLayout* form, std::vector<QWidget*> fields)
+{
+    m_top->addLayout(form);
+    fields.front()->setFocus();
+    fields.insert(fields.end(), {m_lstObjections, m_cmdOk, m_cmdCancel});
+    setTabSequence(fields);
 }
 
 void PlanDialog::setPlan(EditPlan plan)
@@ -136,7 +145,7 @@ ScaleDialog::ScaleDialog(const SetupDataRecord& record, std::vector<int> labels,
         addField(*form, "txtPercent", QStringLiteral("&Percent of now:"), QStringLiteral("100"));
     m_txtLabels = addField(*form, "txtLabels", QStringLiteral("&Labels:"), asList(labels));
     m_txtDuctors = addField(*form, "txtDuctors", QStringLiteral("&Ductors:"), listOf(ductors));
-    top().addLayout(form);
+    setForm(form, {m_txtPercent, m_txtLabels, m_txtDuctors});
     for (QLineEdit* field : {m_txtPercent, m_txtLabels, m_txtDuctors})
         connect(field, &QLineEdit::textChanged, this, &ScaleDialog::reckon);
     m_txtPercent->selectAll();
@@ -165,7 +174,7 @@ CopyLabelDialog::CopyLabelDialog(const SetupDataRecord& record, int from, QWidge
 {
     auto* form = new QFormLayout;
     m_txtLabels = addField(*form, "txtLabels", QStringLiteral("&To labels:"), {});
-    top().addLayout(form);
+    setForm(form, {m_txtLabels});
     connect(m_txtLabels, &QLineEdit::textChanged, this, &CopyLabelDialog::reckon);
     reckon();
 }

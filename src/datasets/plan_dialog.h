@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -25,8 +26,8 @@ public:
     const EditPlan& plan() const { return m_plan; }
 
 protected:
-    /// The place above the list.
-    QVBoxLayout& top() { return *m_top; }
+    /// Puts a form above the list, whose fields the Tab key visits first.
+    void setForm(QFormLayout* form, std::vector<QWidget*> fields);
     /// There is no plan to show, for this reason.
     void showNothing(const QString& reason);
 
@@ -37,6 +38,7 @@ private:
     QLabel* m_lblPlan;
     QListWidget* m_lstObjections;
     QPushButton* m_cmdOk;
+    QPushButton* m_cmdCancel;
 };
 
 /// "Scale...": percent of the ON durations of labels and ductors.

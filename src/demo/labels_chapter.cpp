@@ -72,7 +72,7 @@ Task findAndUndo(DemoStage& stage)
 {
     stage.control<QLineEdit>("txtFind").setText("ON > 120");
     co_await stage.step("Labels with more than 12 cans of ON", "labels-find", [&stage] {
-        return stage.control<QLabel>("lblNote").text().startsWith("4 of 100");
+        return stage.control<QLabel>("lblNote").text().startsWith("3 of 100");
     });
     stage.control<QLineEdit>("txtFind").clear();
     stage.press("cmdUndo");

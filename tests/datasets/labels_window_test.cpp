@@ -145,13 +145,16 @@ TEST_F(LabelsTest, ATypedValueFollowsTheScreensRules)
 TEST_F(LabelsTest, IsReadOnlyOnLineAndUntilEditingIsEnabled)
 {
     show(Shown::On);
+    state.edit("Step", {{{kCurrentLabelSlot, 5}}, {}, {}});
+    EXPECT_TRUE(control<QPushButton>("cmdUndo").isEnabled());
     for (const bool online : {false, true}) {
         state.gOfflineEditing = online;
         state.setOnline(online);
         const char* const reason = online ? "On line the table is read-only" : "Enable Offline";
         ASSERT_TRUE(eventually([&] { return note().contains(reason); })) << reason;
         EXPECT_FALSE(cell(6, ductor(3)).flags().testFlag(Qt::ItemIsEditable));
-        EXPECT_FALSE(control<QPushButton>("cmdScale").isEnabled());
+        for (const char* button : {"cmdUndo", "cmdScale", "cmdImport"})
+            EXPECT_FALSE(control<QPushButton>(button).isEnabled()) << button;
         select(cell(6, ductor(3)), cell(6, ductor(3)));
         person.boxes.clear();
         paste("1");
