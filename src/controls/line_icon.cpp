@@ -1,13 +1,15 @@
 #include "controls/line_icon.h"
 
-#include "controls/tones.h"
+#include "controls/line_drawing.h"
 
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <QSvgRenderer>
+#include <QPen>
+
+#include <utility>
 
 /// A static library's resources must be asked for, outside every namespace.
 void loadIcons()
@@ -19,20 +21,26 @@ namespace tambrix {
 
 namespace {
 
+constexpr qreal kDrawingSide = 24; // of all drawings
+constexpr qreal kLineWidth = 1.75;
+
 class LineEngine : public QIconEngine
 {
 public:
-    explicit LineEngine(const QByteArray& drawing) : m_drawing(drawing) {}
+    explicit LineEngine(QPainterPath lines) : m_lines(std::move(lines)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
-        const QPalette palette = QGuiApplication::palette();
-        const QColor color = mode == QIcon::Disabled
-                                 ? palette.color(QPalette::Disabled, QPalette::WindowText)
-                                 : palette.color(QPalette::WindowText);
-        QByteArray drawing = m_drawing;
-        QSvgRenderer renderer(drawing.replace("#000", color.name().toLatin1()));
-        renderer.render(painter, rect);
+        const QPalette::ColorGroup group =
+            mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QColor color = QGuiApplication::palette().color(group, QPalette::WindowText);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(rect.topLeft());
+        painter->scale(rect.width() / kDrawingSide, rect.height() / kDrawingSide);
+        painter->strokePath(m_lines,
+                            QPen(color, kLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter->restore();
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
@@ -47,7 +55,7 @@ public:
     QIconEngine* clone() const override { return new LineEngine(*this); }
 
 private:
-    QByteArray m_drawing;
+    QPainterPath m_lines;
 };
 
 } // namespace
@@ -58,7 +66,7 @@ QIcon lineIcon(const QString& name)
     QFile file(":/tambrix/icons/" + name + ".svg");
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return QIcon(new LineEngine(file.readAll())); // the icon owns its engine
+    return QIcon(new LineEngine(lineDrawing(file.readAll()))); // the icon owns its engine
 }
 
 } // namespace tambrix
