@@ -31,14 +31,23 @@ std::optional<PortFault> QtSerialPort::configure(int portNumber, std::string_vie
 std::optional<PortFault> QtSerialPort::open()
 {
     if (!m_port.open(QIODevice::ReadWrite))
-        return PortFault{m_port.error(), m_port.portName().toStdString(),
-                         m_port.errorString().toStdString()};
+        return openFault();
     // Adapters and isolators that are fed from the control lines need them up; a port that has
     // no such lines refuses, and does not need them either.
     m_port.setDataTerminalReady(true);
     m_port.setRequestToSend(true);
     begin();
     return std::nullopt;
+}
+
+/// Systems say "Access is denied" also of a port that somebody else has open.
+PortFault QtSerialPort::openFault() const
+{
+    QString reason = m_port.errorString();
+    if (m_port.error() == QSerialPort::PermissionError)
+        reason =
+            tr("Another program has the port open, or this user may not use it (%1).").arg(reason);
+    return {m_port.error(), m_port.portName().toStdString(), reason.toStdString()};
 }
 
 void QtSerialPort::noteError(QSerialPort::SerialPortError error)

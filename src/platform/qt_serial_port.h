@@ -25,6 +25,7 @@ public:
     std::optional<PortFault> open() override;
 
 private:
+    PortFault openFault() const;
     void noteError(QSerialPort::SerialPortError error);
     QIODevice& device() override { return m_port; }
     void closeDevice() override { m_port.close(); }
