@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QStyleOptionGroupBox>
 
+#include <algorithm>
+
 namespace tambrix {
 
 namespace {

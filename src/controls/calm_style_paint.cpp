@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QStyleOption>
 
+#include <algorithm>
+
 namespace tambrix {
 
 namespace {

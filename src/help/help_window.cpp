@@ -15,6 +15,8 @@
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tambrix {
 
 namespace {

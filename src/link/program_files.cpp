@@ -5,6 +5,7 @@
 #include "link/mark_hex.h"
 #include "link/text.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace tambrix {
