@@ -1,6 +1,8 @@
 #include "demo/chapters.h"
 
 #include <QCheckBox>
+#include <QFile>
+#include <QFileInfo>
 
 namespace tambrix {
 
@@ -19,6 +21,13 @@ Task demoReportSetup(DemoStage& stage)
                                  "report-preview");
     stage.later([&stage] { stage.frontWindow().close(); });
     co_await stage.waitForWindow("frmReportSetup", {}, {});
+    const QString file = stage.pictures().absoluteFilePath("report.pdf");
+    QFile::remove(file); // of an earlier run: the dialog would ask
+    stage.press("cmdReportPdf");
+    co_await stage.answerFileDialog(file, {}, {});
+    co_await stage.step("The report is saved as PDF", {}, [&stage, &file] {
+        return QFileInfo(file).size() > 0 && stage.isInFront("frmReportSetup");
+    });
     co_await stage.leaveBy("cmdReportCancel");
 }
 
