@@ -1,7 +1,11 @@
-# `cmake --install` and CPack: a Debian package here, a zip with the Qt libraries on Windows.
+# `cmake --install` and CPack: a Debian package here, a zip and an installer on Windows.
 # The program looks for Help and Support beside itself, so all of it goes into one folder.
 include(GNUInstallDirs)
-if(WIN32)
+get_target_property(qt_type Qt6::Core TYPE)
+string(COMPARE EQUAL "${qt_type}" STATIC_LIBRARY TAMBRIX_QT_IS_STATIC)
+if(WIN32 AND TAMBRIX_QT_IS_STATIC)
+  set(TAMBRIX_FOLDER .)
+elseif(WIN32)
   set(TAMBRIX_FOLDER ${CMAKE_INSTALL_BINDIR}) # where Qt's deploy script expects the program
 else()
   set(TAMBRIX_FOLDER lib/tambrix)
@@ -12,16 +16,7 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/texts/Help DESTINATION ${TAMBRIX_FOLDER})
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/texts/Support DESTINATION ${TAMBRIX_FOLDER} OPTIONAL)
 
 if(WIN32)
-  install(FILES ${CMAKE_SOURCE_DIR}/LICENSE DESTINATION ${TAMBRIX_FOLDER} RENAME LICENSE.txt)
-  if(Qt6_VERSION VERSION_LESS 6.5)
-    qt_generate_deploy_app_script(TARGET tambrix FILENAME_VARIABLE deploy_script)
-  else()
-    qt_generate_deploy_app_script(TARGET tambrix OUTPUT_SCRIPT deploy_script)
-  endif()
-  install(SCRIPT ${deploy_script}) # puts the Qt libraries beside the program
-  set(CMAKE_INSTALL_SYSTEM_RUNTIME_DESTINATION ${TAMBRIX_FOLDER})
-  include(InstallRequiredSystemLibraries) # MSVC's runtime: press PCs often lack it
-  set(CPACK_GENERATOR ZIP)
+  include(PackageWindows)
 else()
   set(icons ${CMAKE_SOURCE_DIR}/src/app/resources)
   install(CODE "

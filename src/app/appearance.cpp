@@ -8,6 +8,10 @@
 #include <QSettings>
 #include <QStyleHints>
 
+#ifdef Q_OS_WIN
+#include "app/frame_tone.h"
+#endif
+
 #ifdef TAMBRIX_ASK_DESKTOP
 #include <QDBusInterface>
 #include <QDBusReply>
@@ -86,6 +90,9 @@ bool wantsDark(Theme theme)
 void applyAppearance(bool styleAskedFor, Theme theme)
 {
     QApplication::setWindowIcon(programIcon());
+#ifdef Q_OS_WIN
+    new FrameTone(*qApp);
+#endif
     if (styleAskedFor)
         return;
     QApplication::setStyle(new CalmStyle); // the application owns it
