@@ -59,6 +59,13 @@ void labelsTableCost();
 /// That process.
 int datasetsProcess(int argc, char* argv[]);
 
+/// A month of history against a day, opened and panned; the exchange rate of the Main Display while
+/// it is recorded, and with what is not shown. Runs in a process of its own.
+void historyCost(const QString& program);
+
+/// That process.
+int historyProcess(int argc, char* argv[]);
+
 /// The process of `windowCost()`: serves `device`; `started` is when it was started, on the
 /// monotonic clock in ns.
 int windowProcess(int argc, char* argv[], const QString& device, qint64 started);

@@ -34,6 +34,8 @@ int runBenchmarks(const QStringList& arguments)
             reportPdf(QCoreApplication::applicationFilePath());
         if (wanted("datasets"))
             datasetsCost(QCoreApplication::applicationFilePath());
+        if (wanted("history"))
+            historyCost(QCoreApplication::applicationFilePath());
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "tambrix_bench: %s\n", failure.what());
         return 1;
@@ -43,7 +45,7 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-/// tambrix_bench [exchange|wire|download|window|screens|transfer|monitor|report|datasets]...
+/// tambrix_bench [exchange|wire|download|window|screens|transfer|monitor|report|datasets|history]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;
@@ -60,6 +62,8 @@ int main(int argc, char* argv[])
         return reportProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--datasets-process"))
         return datasetsProcess(argc, argv);
+    if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--history-process"))
+        return historyProcess(argc, argv);
     const QCoreApplication application(argc, argv);
     return runBenchmarks(QCoreApplication::arguments());
 }

@@ -7,8 +7,8 @@ namespace {
 using Chapter = Task (*)(DemoStage& stage);
 
 /// In order. Each begins and ends off line, with the main window in front.
-constexpr Chapter kChapters[] = {demoMainDisplay, demoLabels,      demoScreens, demoData,
-                                 demoCompare,     demoMaintenance, demoLine,    demoReports};
+constexpr Chapter kChapters[] = {demoMainDisplay, demoLabels, demoScreens, demoData,   demoCompare,
+                                 demoMaintenance, demoLine,   demoHistory, demoReports};
 
 } // namespace
 

@@ -30,6 +30,9 @@ Task demoMaintenance(DemoStage& stage);
 /// The line's tools: monitor, check; the cable pulled, and the program on line again by itself.
 Task demoLine(DemoStage& stage);
 
+/// A day of a press in seconds: its plots, alarms and changes, and what one ductor did.
+Task demoHistory(DemoStage& stage);
+
 /// Report set-up and preview, about box, help.
 Task demoReports(DemoStage& stage);
 

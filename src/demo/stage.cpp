@@ -189,7 +189,12 @@ QWidget& DemoStage::frontWindow() const
             window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
         return window != &m_window && window->isVisible() && isWindow;
     });
-    return other == windows.end() ? m_window : **other;
+    if (other == windows.end())
+        return m_window;
+    const auto above = std::ranges::find_if(windows, [other](const QWidget* window) {
+        return window->isVisible() && window->parentWidget() == *other;
+    });
+    return above == windows.end() ? **other : **above;
 }
 
 bool DemoStage::take(const QString& picture) const

@@ -1,7 +1,12 @@
 #include "history/history_tools.h"
 
+#include "history/history_window.h"
+#include "shell/toolbar.h"
+#include "shell/tools_menu.h"
+
 #include <QApplication>
 #include <QLabel>
+#include <QSettings>
 #include <QStatusBar>
 
 namespace tambrix {
@@ -9,6 +14,7 @@ namespace tambrix {
 namespace {
 
 constexpr int kNewsTime = 60'000; // ms
+const QString kUnseenKey = QStringLiteral("RecordWhatIsNotShown");
 
 /// The simulated press has a history of its own.
 QString fileOf(const ProgramState& state)
@@ -23,12 +29,21 @@ HistoryTools::HistoryTools(ProgramState& state, MainWindow& window, const Clock&
     : QObject(&window),
       m_state(state),
       m_window(window),
-      m_recorder(state.gLink, fileOf(state), {clock})
+      m_recorder(state.gLink, fileOf(state), {clock}),
+      m_unseen(state.gLink, m_recorder, [this] { return mayRead(); })
 {
+    m_recorder.setParent(this); // found among the window's own
     m_recorder.setWriter([this] { return writer(); });
     m_state.recentSpeed = &m_recorder.recentSpeed();
     connect(&m_recorder, &HistoryRecorder::told, &window,
             [&window](const QString& news) { window.statusBar()->showMessage(news, kNewsTime); });
+    const QVariant seconds = QSettings(settings(), QSettings::IniFormat).value(kUnseenKey);
+    if (seconds.isValid())
+        m_unseen.setInterval(seconds.toInt());
+    QAction* item = window.tools().addWindow(
+        {QStringLiteral("&History..."), QStringLiteral("mnuToolsHistory"), {}, {}},
+        [this](QWidget& parent) { return makeWindow(parent); });
+    window.toolbar().addTool(QStringLiteral("history"), QStringLiteral("History"), *item);
 }
 
 HistoryTools::~HistoryTools()
@@ -43,6 +58,35 @@ QString HistoryTools::writer() const
         return modal->windowTitle();
     const auto* title = m_window.findChild<QLabel*>(QStringLiteral("lblScreenTitle"));
     return title == nullptr ? QString() : title->text();
+}
+
+QString HistoryTools::settings() const
+{
+    return m_state.dataRoot.filePath(QStringLiteral("History/history.ini"));
+}
+
+/// A transfer or a window with a loop of its own has the link to itself.
+bool HistoryTools::mayRead() const
+{
+    return m_state.canReachBoard() && !m_state.gLink.isBusy() &&
+           QApplication::activeModalWidget() == nullptr;
+}
+
+QWidget* HistoryTools::makeWindow(QWidget& parent)
+{
+    const auto recordUnseen = [this](std::optional<int> wanted) {
+        m_unseen.setInterval(wanted);
+        QSettings kept(settings(), QSettings::IniFormat);
+        if (wanted)
+            kept.setValue(kUnseenKey, *wanted);
+        else
+            kept.remove(kUnseenKey);
+    };
+    auto* window = new HistoryWindow(
+        {m_recorder, m_unseen.interval(), recordUnseen, m_state.prompts, m_state.dataRoot.path()},
+        &parent);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    return window;
 }
 
 } // namespace tambrix

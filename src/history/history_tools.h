@@ -1,6 +1,6 @@
 #pragma once
 
-#include "recorder/history_recorder.h"
+#include "recorder/unseen_reader.h"
 #include "shell/main_window.h"
 
 namespace tambrix {
@@ -19,10 +19,14 @@ public:
 
 private:
     QString writer() const;
+    QString settings() const;
+    bool mayRead() const;
+    QWidget* makeWindow(QWidget& parent);
 
     ProgramState& m_state;
     MainWindow& m_window;
     HistoryRecorder m_recorder;
+    UnseenReader m_unseen;
 };
 
 } // namespace tambrix

@@ -38,6 +38,7 @@ HistoryRecorder::HistoryRecorder(RSComm& link, const QString& file, Times times)
     : m_link(link),
       m_clock(times.steady, std::move(times.wall)),
       m_store(file, [this](const QString& news) { emit told(news); }),
+      m_online(link.OnlineMode && !link.CommError),
       m_speed{speedBins(0), speedBins(1), speedBins(2)}
 {
     m_link.addObserver(*this);
@@ -105,8 +106,7 @@ void HistoryRecorder::registerWritten(std::string_view addr, std::string_view va
     if (secret)
         row.before = row.after = QLatin1String(kMasked);
     row.screen = m_writer ? m_writer() : QString();
-    if (const auto label = m_values.value(recordedAddress(reg::kLabelNumber.address)))
-        row.label = static_cast<int>(*label);
+    row.label = currentLabel();
     row.confirmed = succeeded;
     m_batch.writes.push_back(row);
     if (before != m_lastRead.end())
@@ -144,6 +144,12 @@ void HistoryRecorder::noteSpeed(UtcMs time, int speed)
     for (SpeedBins& bins : m_speed)
         bins.add(time, speed);
     m_recent.add(time, speed);
+}
+
+std::optional<int> HistoryRecorder::currentLabel() const
+{
+    const auto label = m_values.value(recordedAddress(reg::kLabelNumber.address));
+    return label ? std::optional(static_cast<int>(*label)) : std::nullopt;
 }
 
 bool HistoryRecorder::isUnread(const std::string& address, UtcMs span) const

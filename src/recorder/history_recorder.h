@@ -49,6 +49,9 @@ public:
     /// Whether a register that is recorded has not been read for `span`.
     bool isUnread(const std::string& address, UtcMs span) const;
 
+    /// The label in work, where it is known.
+    std::optional<int> currentLabel() const;
+
     const RecentSpeed& recentSpeed() const { return m_recent; }
 
     /// Stores what there is now. Called every second.
@@ -94,7 +97,7 @@ private:
     HistoryStore m_store;
     std::function<QString()> m_writer;
     UtcMs m_silence = kUsualSilence;
-    bool m_online = false;
+    bool m_online;
     std::optional<UtcMs> m_begin; ///< of the time on line that is recorded
     HistoryBatch m_batch;         ///< not stored yet, up to the last answer of the board
     std::array<SpeedBins, kSpeedBins.size()> m_speed;

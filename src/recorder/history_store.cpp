@@ -54,7 +54,13 @@ HistoryStore::HistoryStore(QString file, std::function<void(const QString&)> tel
 
 HistoryStore::~HistoryStore()
 {
+    close();
+}
+
+void HistoryStore::close()
+{
     m_file.close(); // before the lock goes
+    m_lock.reset();
 }
 
 SqlResult HistoryStore::open()
@@ -82,7 +88,7 @@ SqlResult HistoryStore::open()
 HistoryStore::Outcome HistoryStore::append(const HistoryBatch& batch)
 {
     SqlResult result = open();
-    if (result == SqlResult::Busy && !m_lock->isLocked()) {
+    if (result == SqlResult::Busy && m_lock && !m_lock->isLocked()) {
         tellOnce(QStringLiteral("Another TAMBRIX on this folder records the history. This one "
                                 "shows it and records nothing meanwhile."));
         return Outcome::Lost;

@@ -39,6 +39,9 @@ public:
     /// Looks through the whole file and sets it aside where it is damaged. Takes its time.
     void check();
 
+    /// Lets another writer record, until the next batch comes.
+    void close();
+
     const QString& path() const { return m_path; }
 
     /// For maintenance and for tests.

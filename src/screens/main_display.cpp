@@ -6,7 +6,9 @@
 #include "controls/fonts.h"
 #include "controls/lamp.h"
 #include "controls/text_size.h"
+#include "controls/trend.h"
 #include "data/parameters.h"
+#include "recorder/recent_speed.h"
 #include "screens/first_steps.h"
 
 #include <QEvent>
@@ -16,6 +18,8 @@
 #include <QPushButton>
 #include <QTime>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace tambrix {
 
@@ -36,6 +40,9 @@ MainDisplay::MainDisplay(ProgramState& state)
       m_firstSteps(new FirstSteps),
       m_speed(new FittedLabel(QStringLiteral("lblDisplay"), QStringLiteral("Machine CPM"),
                               QStringLiteral("-"), QStringLiteral("0000"))),
+      m_trend(new Trend(QStringLiteral("Machine CPM, trend"),
+                        static_cast<double>(RecentSpeed::kSpan) / kSecond,
+                        static_cast<double>(RecentSpeed::kBin) / kSecond)),
       m_reset(makeButton(QStringLiteral("cmdAlarmReset"), QStringLiteral("&Reset Alarms")))
 {
     setObjectName(QStringLiteral("frmMain"));
@@ -80,6 +87,8 @@ QGroupBox* MainDisplay::makeSpeed()
     auto* inside = new QVBoxLayout(m_speedFrame);
     inside->addWidget(m_speed, 1);
     inside->addWidget(makeDimLabel(QStringLiteral("cans per minute")), 0, Qt::AlignCenter);
+    m_trend->setObjectName(QStringLiteral("picTrend"));
+    inside->addWidget(m_trend);
     return m_speedFrame;
 }
 
@@ -132,6 +141,7 @@ void MainDisplay::enableControls(bool enabled)
 void MainDisplay::refreshAlways()
 {
     showAlarms();
+    showTrend();
     m_firstSteps->setVisible(!online() && !state().everConnected);
     QString message = state().gSystemMessage;
     message.remove(u'\r');
@@ -139,6 +149,28 @@ void MainDisplay::refreshAlways()
         return;
     m_messages->setPlainText(message);
     fitMessageFont();
+}
+
+/// The speeds of the last minutes that were recorded, whatever screen was in front.
+void MainDisplay::showTrend()
+{
+    const RecentSpeed* recent = state().recentSpeed;
+    m_trend->setVisible(recent != nullptr);
+    if (!online()) { // it would end long before now
+        if (std::exchange(m_trendShown, -1) != -1)
+            m_trend->show({});
+        return;
+    }
+    if (recent == nullptr || recent->generation() == m_trendShown)
+        return;
+    m_trendShown = recent->generation();
+    std::vector<Trend::Point> points;
+    for (const SpeedRow& bin : recent->bins()) {
+        const UtcMs ago = recent->bins().back().begin - bin.begin;
+        points.push_back(
+            {static_cast<double>(ago) / kSecond, bin.range->low, bin.range->high, bin.range->last});
+    }
+    m_trend->show(std::move(points));
 }
 
 /// By the alarm word that the main window's poll reads anyway; unknown, nothing is green.

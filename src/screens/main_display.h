@@ -15,6 +15,7 @@ class AlarmBanner;
 class FirstSteps;
 class FittedLabel;
 class Lamp;
+class Trend;
 
 /// The operator's overview: system and alarm messages, machine speed, and the alarm reset. Beside
 /// them the same as pictures, for whoever stands at the press: a banner, and a lamp per ductor.
@@ -36,6 +37,7 @@ private:
     QLayout* makeMessages();
     QLayout* makeSide();
     QGroupBox* makeSpeed();
+    void showTrend();
     QGroupBox* makeDuctors();
     QGroupBox* makeReset();
     void resetAlarms();
@@ -48,6 +50,8 @@ private:
     FirstSteps* m_firstSteps;
     QGroupBox* m_speedFrame;
     FittedLabel* m_speed;
+    Trend* m_trend;
+    int m_trendShown = -1; ///< generation of what it shows
     std::array<Lamp*, kDuctors> m_ductors{};
     QGroupBox* m_resetFrame;
     QPushButton* m_reset;

@@ -10,9 +10,12 @@
 #include "help/about_box.h"
 #include "help/help_window.h"
 #include "help/system_info_window.h"
+#include "history/ductor_view.h"
+#include "history/history_window.h"
 #include "maintenance/comm_port_dialog.h"
 #include "maintenance/program_download_window.h"
 #include "maintenance/target_board_window.h"
+#include "platform/steady_clock.h"
 #include "reports/report_setup.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
@@ -43,6 +46,7 @@ template <typename Concrete> ScreenFactory screen()
 struct WholeProgram
 {
     QFont m_font;
+    RecentSpeed m_recent;
     WindowRig rig;
 
     explicit WholeProgram(double fontFactor = 1)
@@ -62,6 +66,8 @@ struct WholeProgram
             rig.board.press().raiseAlarm(d);
         rig.state.everConnected = false;
         rig.state.simulated = true;
+        rig.state.recentSpeed = &m_recent;
+        m_recent.add(kSecond, 65535);
         rig.state.gWorkingData.Value[3] = 2147483647;
     }
 
@@ -82,6 +88,17 @@ struct Windows : testing::TestWithParam<double>, WholeProgram
     Windows() : WholeProgram(GetParam()) {}
 };
 
+std::unique_ptr<QWidget> historyWindow(ProgramState& state)
+{
+    static const SteadyClock clock;
+    auto* recorder = new HistoryRecorder(
+        state.gLink, state.dataRoot.filePath(QStringLiteral("history.db")), {clock});
+    auto window = std::make_unique<HistoryWindow>(HistoryWindow::Source{
+        *recorder, 60, [](std::optional<int>) {}, state.prompts, state.dataRoot.path()});
+    recorder->setParent(window.get());
+    return window;
+}
+
 std::vector<std::unique_ptr<QWidget>> dialogs(ProgramState& state)
 {
     std::vector<std::unique_ptr<QWidget>> all;
@@ -92,6 +109,8 @@ std::vector<std::unique_ptr<QWidget>> dialogs(ProgramState& state)
     all.push_back(std::make_unique<LabelsWindow>(state, LabelsHooks{}));
     all.push_back(
         std::make_unique<ScaleDialog>(state.gWorkingData, std::vector{6}, DuctorSet(255), nullptr));
+    all.push_back(historyWindow(state));
+    all.push_back(std::make_unique<DuctorView>([](int) { return DuctorReport{}; }, 2, nullptr));
     all.push_back(std::make_unique<SystemInfoWindow>(
         std::vector<SystemFact>{{"Processor", "One with a long name, as they have it now"}}));
     all.push_back(std::make_unique<HelpWindow>(HelpBook(QString())));

@@ -1,0 +1,140 @@
+#include "history/ductor_report.h"
+
+#include "data/color_density.h"
+#include "history/plot_data.h"
+#include "recorder/recorded_registers.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kMostChanges = 3000;
+constexpr int kMinutesOfAnHour = 60;
+constexpr double kUsualDifference = 0.03; // of the expected cycles: the speed wanders meanwhile
+
+int at(const Register& reg, int ductor = 0, int label = 0)
+{
+    return recordedAddress(addressOf(reg, ductor, label).c_str());
+}
+
+/// Counted and expected cycles over the minutes in which both are known.
+void compareCycles(HistoryReader& reader, TimeSpan hour, DuctorReport& report)
+{
+    const PlotData data = readPlotData(reader, hour, report.ductor, 4 * kMinutesOfAnHour);
+    double counted = 0;
+    double expected = 0;
+    int minutes = 0;
+    for (const RatePoint& point : data.counted) {
+        double sum = 0;
+        int points = 0;
+        for (const ExpectedPoint& expectation : data.expected) {
+            if (!point.time.contains(expectation.time) || !expectation.rate)
+                continue;
+            sum += *expectation.rate;
+            ++points;
+        }
+        if (!point.rate || points == 0)
+            continue;
+        counted += *point.rate;
+        expected += sum / points;
+        ++minutes;
+    }
+    if (minutes == 0)
+        return;
+    report.counted = counted / minutes;
+    report.expected = expected / minutes;
+}
+
+bool concerns(const ChangeLine& line, int ductor)
+{
+    return line.ductor < 0 || line.ductor == ductor;
+}
+
+QString durationsFinding(const DuctorReport& report)
+{
+    if (!report.runningOn || !report.runningCycle || !report.storedOn || !report.storedCycle)
+        return QStringLiteral("Running and stored durations were not both read. Show Color "
+                              "Control, or tick \"Also Record What Is Not Shown\".");
+    if (report.runningOn == report.storedOn && report.runningCycle == report.storedCycle)
+        return QStringLiteral("The press runs with the durations that the label has stored.");
+    return QStringLiteral("The press runs with other durations than the label has stored: select "
+                          "the label anew to load them, or store what runs.");
+}
+
+QString cyclesFinding(const DuctorReport& report)
+{
+    if (!report.counted || !report.expected)
+        return QStringLiteral("Cycles cannot be compared: counts, speed or CYCLE were not read in "
+                              "the last hour.");
+    const double difference = *report.counted - *report.expected;
+    if (std::abs(difference) <= std::max(*report.expected * kUsualDifference, 0.5))
+        return QStringLiteral("It cycles as often as speed and CYCLE let expect.");
+    return difference > 0
+               ? QStringLiteral("It cycles more often than speed and CYCLE let expect: more ink.")
+               : QStringLiteral("It cycles less often than speed and CYCLE let expect: less ink.");
+}
+
+} // namespace
+
+QString DuctorReport::density(bool running) const
+{
+    const auto on = running ? runningOn : storedOn;
+    const auto cycle = running ? runningCycle : storedCycle;
+    if (!on || !cycle || !maximumOn)
+        return QStringLiteral("?");
+    return colorDensity(static_cast<int>(*on), static_cast<int>(*cycle),
+                        static_cast<int>(*maximumOn));
+}
+
+DuctorReport readDuctorReport(HistoryReader& reader, int ductor, UtcMs now)
+{
+    DuctorReport report;
+    report.ductor = ductor;
+    report.time = now;
+    const auto value = [&](int address) { return reader.valueAt(address, now, true); };
+    report.runningOn = value(at(reg::kWorkingOn, ductor));
+    report.runningCycle = value(at(reg::kWorkingCycle, ductor));
+    report.maximumOn = value(at(reg::kMaximumOn));
+    if (const auto label = value(at(reg::kLabelNumber)); label && *label >= 0 && *label < kLabels) {
+        report.label = static_cast<int>(*label);
+        report.storedOn = value(at(reg::kOnDuration, ductor, *report.label));
+        report.storedCycle = value(at(reg::kCycleDuration, ductor, *report.label));
+    }
+    compareCycles(reader, {now - kHour, now}, report);
+    for (const AlarmSpan& alarm : reader.alarms({now - kDay, now + 1})) {
+        if (alarm.ductor != ductor)
+            continue;
+        ++report.alarms;
+        report.alarmTime += alarm.time.length();
+    }
+    for (const ChangeLine& line : changeLines(reader.writes({now - kDay, now + 1}, kMostChanges))) {
+        if (concerns(line, ductor))
+            report.changes.push_back(line);
+    }
+    return report;
+}
+
+QStringList findings(const DuctorReport& report)
+{
+    QStringList found = {durationsFinding(report), cyclesFinding(report)};
+    found += report.alarms == 0
+                 ? QStringLiteral("No feedback fault in the last day.")
+                 : QStringLiteral("%1 feedback fault(s) in the last day, %2 in all: the ductor "
+                                  "may have stood in the ink or away from it.")
+                       .arg(report.alarms)
+                       .arg(durationText(report.alarmTime));
+    const auto changed = std::ranges::find_if(
+        report.changes, [&](const ChangeLine& line) { return line.ductor == report.ductor; });
+    if (changed != report.changes.end())
+        found += QStringLiteral("Changed last: %1 %2 at %3 in %4.")
+                     .arg(changed->what, changed->change, localTime(changed->time, report.time),
+                          changed->screen);
+    else
+        found += QStringLiteral("Nobody changed it with this program in the last day.");
+    return found;
+}
+
+} // namespace tambrix

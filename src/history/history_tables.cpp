@@ -1,0 +1,113 @@
+#include "history/history_tables.h"
+
+#include <QHeaderView>
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
+#include <QTableView>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kTimeRole = Qt::UserRole;
+constexpr int kCellMargin = 6;
+
+QString numberOrUnknown(const std::optional<int>& number)
+{
+    return number ? QString::number(*number) : QStringLiteral("?");
+}
+
+QSortFilterProxyModel& filterOf(const QTableView& view)
+{
+    return *static_cast<QSortFilterProxyModel*>(view.model());
+}
+
+QStandardItemModel& modelOf(const QTableView& view)
+{
+    return *static_cast<QStandardItemModel*>(filterOf(view).sourceModel());
+}
+
+} // namespace
+
+HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now)
+{
+    HistoryTable table;
+    table.captions = {QStringLiteral("Begin"),  QStringLiteral("End"),   QStringLiteral("Duration"),
+                      QStringLiteral("Ductor"), QStringLiteral("Label"), QStringLiteral("Speed")};
+    for (auto alarm = alarms.rbegin(); alarm != alarms.rend(); ++alarm) {
+        const QString end = alarm->ended ? localTime(alarm->time.end, now)
+                            : now - alarm->time.end < 5 * kSecond
+                                ? QStringLiteral("still on")
+                                : QStringLiteral("off line ") + localTime(alarm->time.end, now);
+        table.rows.push_back({localTime(alarm->time.begin, now), end,
+                              durationText(alarm->time.length()),
+                              QString::number(alarm->ductor + 1), numberOrUnknown(alarm->label),
+                              numberOrUnknown(alarm->speed)});
+        table.times.push_back(alarm->time.begin);
+    }
+    return table;
+}
+
+HistoryTable changeTable(const std::vector<ChangeLine>& changes, UtcMs now)
+{
+    HistoryTable table;
+    table.captions = {QStringLiteral("Time"), QStringLiteral("Window"), QStringLiteral("What"),
+                      QStringLiteral("Change")};
+    for (const ChangeLine& line : changes) {
+        table.rows.push_back({localTime(line.time, now), line.screen, line.what, line.change});
+        table.times.push_back(line.time);
+    }
+    return table;
+}
+
+QTableView* makeHistoryView(const char* name, const QString& tells)
+{
+    auto* view = new QTableView;
+    view->setObjectName(QLatin1String(name));
+    view->setAccessibleName(tells);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setTabKeyNavigation(false);
+    view->setWordWrap(false);
+    view->setShowGrid(false);
+    view->setAlternatingRowColors(true);
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() + kCellMargin);
+    view->horizontalHeader()->setStretchLastSection(true);
+    auto* filter = new QSortFilterProxyModel(view);
+    filter->setSourceModel(new QStandardItemModel(filter));
+    filter->setFilterKeyColumn(-1);
+    filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    view->setModel(filter);
+    return view;
+}
+
+void showTable(QTableView& view, const HistoryTable& table)
+{
+    QStandardItemModel& model = modelOf(view);
+    model.clear();
+    model.setHorizontalHeaderLabels(table.captions);
+    for (std::size_t i = 0; i < table.rows.size(); ++i) {
+        QList<QStandardItem*> cells;
+        for (const QString& text : table.rows[i]) {
+            cells += new QStandardItem(text);
+            cells.back()->setData(qint64{table.times[i]}, kTimeRole);
+        }
+        model.appendRow(cells);
+    }
+    view.resizeColumnsToContents();
+}
+
+void filterTable(QTableView& view, const QString& text)
+{
+    filterOf(view).setFilterFixedString(text);
+}
+
+std::optional<UtcMs> timeOfRow(const QModelIndex& index)
+{
+    const QVariant time = index.data(kTimeRole);
+    return time.isValid() ? std::optional<UtcMs>(time.toLongLong()) : std::nullopt;
+}
+
+} // namespace tambrix
