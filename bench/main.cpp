@@ -45,7 +45,8 @@ int runBenchmarks(const QStringList& arguments)
 
 } // namespace
 
-/// tambrix_bench [exchange|wire|download|window|screens|transfer|monitor|report|datasets|history]...
+/// tambrix_bench
+/// [exchange|wire|download|window|screens|transfer|monitor|report|datasets|history]...
 int main(int argc, char* argv[])
 {
     constexpr int kWindowArguments = 4;

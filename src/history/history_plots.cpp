@@ -12,8 +12,9 @@ namespace tambrix {
 
 namespace {
 
-constexpr int kAnySize = 10'000;       // px
-constexpr QSize kSmallestRect(50, 24); // px
+constexpr int kAnySize = 10'000;        // px
+constexpr QSize kSmallestRect(50, 24);  // px
+constexpr QSize kSmallestBands(50, 40); // two lines of text
 constexpr std::array kHeights = {5, 4, 4, 1};
 
 QColor faint(QColor colour)
@@ -63,7 +64,7 @@ void HistoryPlots::makeRects()
         m_plot->plotLayout()->addElement(row, 0, title);
         m_plot->plotLayout()->addElement(row, 1, rect);
         m_plot->plotLayout()->setRowStretchFactor(row, kHeights[at]);
-        rect->setMinimumSize(kSmallestRect);
+        rect->setMinimumSize(row == Bands ? kSmallestBands : kSmallestRect);
         rect->setMarginGroup(QCP::msLeft | QCP::msRight, margins);
         rect->setMinimumMargins(QMargins(4, 2, 4, 2));
         rect->setRangeDrag(Qt::Horizontal);

@@ -159,8 +159,8 @@ std::optional<double> HistoryReader::rate(int ductor, TimeSpan piece, TimeSpan p
     const auto to = countAt(ductor, piece.end, period);
     if (!from || !to || !from->count || !to->count)
         return std::nullopt;
-    if (from->time == to->time)
-        return 0; // it stood: the counts were read and did not change
+    if (from->time == to->time) // no other count for so long: it stood
+        return piece.end - to->time > kCountsApart ? std::optional(0.0) : std::nullopt;
     qint64 cycles = *to->count - *from->count;
     cycles += m_file.number(
         QStringLiteral("SELECT sum(count) FROM reset WHERE ductor=? AND t>? AND t<=?"),

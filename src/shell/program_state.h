@@ -103,7 +103,7 @@ public:
     bool simulated = false;    ///< the controller is the built-in one
     QString portName;          ///< of the device in use; empty: the settings' number says it
     const RecentSpeed* recentSpeed = nullptr; ///< of the last minutes; none: not recorded
-    QUndoStack undoStack;      ///< off-line edits of the working data that can be taken back
+    QUndoStack undoStack; ///< off-line edits of the working data that can be taken back
 
     /// Asked before a download to the controller begins, on line and confirmed; false: it must
     /// not. Empty: it may.

@@ -138,6 +138,17 @@ TEST(HistoryWindowTest, WritesCsvAndPdf)
     EXPECT_EQ(rig.person.boxes[0].title, "Export History");
 }
 
+TEST(HistoryWindowTest, TroubleStandsInTheMainWindowUntilItIsSeen)
+{
+    HistoryRig rig;
+    QFile inTheWay(rig.folder.filePath("History"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    rig.record();
+    const auto& news = rig.control<QLabel>("lblHistoryNews");
+    EXPECT_TRUE(news.isVisible());
+    EXPECT_TRUE(news.text().startsWith("The history cannot be written"));
+}
+
 TEST(HistoryWindowTest, ReadsWhatIsNotShownOnlyWhenTicked)
 {
     HistoryRig rig;
