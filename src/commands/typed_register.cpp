@@ -5,6 +5,8 @@
 #include "link/register_address.h"
 #include "link/register_value.h"
 
+#include <QStringList>
+
 namespace tambrix {
 
 namespace {
