@@ -120,7 +120,18 @@ void CompareWindow::showComparison()
     m_tree.setSides(m_session.left.columnTitle(), m_session.right.columnTitle());
     m_tree.show(m_session.comparison());
     m_view->expandAll();
+    showFirstTicked();
     fillSources();
+}
+
+/// Of a thousand differences those that are to be written may be far down.
+void CompareWindow::showFirstTicked()
+{
+    QModelIndex row = m_tree.index(0, 0);
+    while (row.isValid() &&
+           (m_tree.entryOf(row) < 0 || row.data(Qt::CheckStateRole) != Qt::Checked))
+        row = m_view->indexBelow(row);
+    m_view->scrollTo(row, QAbstractItemView::PositionAtCenter);
 }
 
 void CompareWindow::showProgress(const QString& what, int done, int total)

@@ -47,6 +47,7 @@ private:
     void fillSource(QComboBox& box, const DatasetSource& chosen);
     void chooseSource(QComboBox& box, DatasetSource& side);
     void showComparison();
+    void showFirstTicked();
     void showProgress(const QString& what, int done, int total);
     void showEnd();
     void showState();

@@ -1,6 +1,7 @@
 // The built program, as a script sees it: arguments, exit code, output, and what stands on the
 // simulated controller afterwards.
 
+#include "data/label_names.h"
 #include "data/setup_file.h"
 
 #include <QDir>
@@ -159,6 +160,15 @@ TEST(Cli, MovesWholeDataSets)
     EXPECT_EQ(compared.code, 1);
     EXPECT_TRUE(compared.out.contains("Maximum Cycle Duration")) << compared.out.toStdString();
     EXPECT_EQ(rig.run("find \"label 5 ON3=33\" .").out, "./b.sdt: label 5\n");
+
+    LabelNames names;
+    names.set(5, "=Beer \"gold\"");
+    ASSERT_FALSE(saveLabelNames(rig.folder.filePath("b.sdt"), names));
+    EXPECT_EQ(rig.run("convert b.sdt b.json").code, 0);
+    EXPECT_EQ(rig.run("convert b.json b.csv").code, 0);
+    EXPECT_EQ(rig.run("convert b.csv c.sdt").code, 0);
+    EXPECT_EQ(rig.load("c.sdt"), changed);
+    EXPECT_EQ(loadLabelNames(rig.folder.filePath("c.sdt")).names, names);
 
     EXPECT_EQ(rig.run("download b.sdt --dry-run").code, 1);
     EXPECT_EQ(rig.run("compare a.sdt").code, 0) << "a dry run writes nothing";
