@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QAbstractItemDelegate;
 class QCheckBox;
 class QHBoxLayout;
 class QLabel;
@@ -53,6 +54,7 @@ private:
     QHBoxLayout* buildTop();
     void buildShownSwitch(QHBoxLayout& row);
     void buildTable();
+    void sizeTable(const QAbstractItemDelegate& delegate);
     QWidget* buildSide();
     QHBoxLayout* buildButtons();
     void addActions();

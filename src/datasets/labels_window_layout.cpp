@@ -116,14 +116,22 @@ void LabelsWindow::buildTable()
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                             QAbstractItemView::AnyKeyPressed);
     m_view->verticalHeader()->hide();
+    sizeTable(*delegate);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { m_pane->showLabel(currentLabel()); });
+    connect(delegate, &QAbstractItemDelegate::closeEditor, this,
+            [this](QWidget*, QAbstractItemDelegate::EndEditHint hint) {
+                if (hint == QAbstractItemDelegate::SubmitModelCache)
+                    goDown();
+            });
+}
+
+void LabelsWindow::sizeTable(const QAbstractItemDelegate& delegate)
+{
     const int letter = fontMetrics().averageCharWidth();
-    const QSize cell = delegate->sizeHint(
-        [this] {
-            QStyleOptionViewItem option;
-            option.fontMetrics = m_view->fontMetrics();
-            return option;
-        }(),
-        {});
+    QStyleOptionViewItem option;
+    option.fontMetrics = m_view->fontMetrics();
+    const QSize cell = delegate.sizeHint(option, {});
     QHeaderView& rows = *m_view->verticalHeader();
     rows.setSectionResizeMode(QHeaderView::Fixed);
     rows.setMinimumSectionSize(cell.height());
@@ -136,13 +144,6 @@ void LabelsWindow::buildTable()
     columns.setSectionResizeMode(LabelsModel::Name, QHeaderView::Interactive);
     columns.resizeSection(LabelsModel::Label, cell.width());
     columns.resizeSection(LabelsModel::Name, kNameShare * letter);
-    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this] { m_pane->showLabel(currentLabel()); });
-    connect(delegate, &QAbstractItemDelegate::closeEditor, this,
-            [this](QWidget*, QAbstractItemDelegate::EndEditHint hint) {
-                if (hint == QAbstractItemDelegate::SubmitModelCache)
-                    goDown();
-            });
 }
 
 QWidget* LabelsWindow::buildSide()

@@ -218,11 +218,15 @@ void ColorControlScreen::showLabelName()
                              : QFileInfo(labelNamesFile(state().gFileNamePath)).fileName();
     m_labelName->setValue(
         m_labelName->fontMetrics().elidedText(name, Qt::ElideRight, m_labelName->width()));
-    m_labelName->setForegroundRole(online() ? QPalette::PlaceholderText : QPalette::WindowText);
-    m_labelName->setToolTip(name.isEmpty()
-                                ? QString()
-                                : QStringLiteral("%1 (from %2; the controller knows no names)")
-                                      .arg(name.toHtmlEscaped(), file.toHtmlEscaped()));
+    const QString tip = name.isEmpty()
+                            ? QString()
+                            : QStringLiteral("%1 (from %2; the controller knows no names)")
+                                  .arg(name.toHtmlEscaped(), file.toHtmlEscaped());
+    const auto role = online() ? QPalette::PlaceholderText : QPalette::WindowText;
+    if (m_labelName->toolTip() != tip) // this runs every turn: nothing is painted without need
+        m_labelName->setToolTip(tip);
+    if (m_labelName->foregroundRole() != role)
+        m_labelName->setForegroundRole(role);
 }
 
 bool ColorControlScreen::writeManual()
