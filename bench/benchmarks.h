@@ -16,7 +16,7 @@ void wireEfficiency();
 /// take, at 9600 and 19200, and the longest time for which events were not served meanwhile.
 void programDownload();
 
-/// Start, processor use, memory and longest unserved event of the program's window on line at
+/// Processor use, memory and longest unserved event of the program's window on line at
 /// 9600 and off line. Runs in a process of its own.
 void windowCost(const QString& program);
 
@@ -66,8 +66,15 @@ void historyCost(const QString& program);
 /// That process.
 int historyProcess(int argc, char* argv[]);
 
-/// The process of `windowCost()`: serves `device`; `started` is when it was started, on the
-/// monotonic clock in ns.
-int windowProcess(int argc, char* argv[], const QString& device, qint64 started);
+/// The process of `windowCost()`: serves `device`.
+int windowProcess(int argc, char* argv[], const QString& device);
+
+/// Time to the first painted window and memory, against a bare window of the same library.
+void startCost(const QString& program);
+
+/// Its processes: one shows the program's window on `device`, one a bare window; they print
+/// their figures and end.
+int startProcess(int argc, char* argv[], const QString& device);
+int bareStartProcess(int argc, char* argv[]);
 
 } // namespace tambrix::bench

@@ -3,12 +3,17 @@
 #include <QFile>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace tambrix::bench {
 
 namespace {
+
+/// A middle half of the ratios wider than this says nothing about an aim of a few percent.
+constexpr double kTellable = 0.04;
 
 void line(const std::string& what, double value, const std::string& unit, const std::string& aim)
 {
@@ -40,11 +45,17 @@ std::chrono::milliseconds span(std::chrono::milliseconds full)
     return isShort() ? full / 10 : full;
 }
 
+double quantile(std::vector<double> values, double share)
+{
+    const double place = share * static_cast<double>(values.size() - 1);
+    const auto value = values.begin() + static_cast<std::ptrdiff_t>(std::lround(place));
+    std::nth_element(values.begin(), value, values.end());
+    return *value;
+}
+
 double median(std::vector<double> values)
 {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+    return quantile(std::move(values), 0.5);
 }
 
 void reportAtLeast(const std::string& what, double value, double aim)
@@ -55,6 +66,17 @@ void reportAtLeast(const std::string& what, double value, double aim)
 void reportAtMost(const std::string& what, double value, double aim, const std::string& unit)
 {
     line(what, value, unit, aimText("at most", aim, value <= aim));
+}
+
+void reportRatios(const std::string& what, const std::vector<double>& ratios, double aim)
+{
+    reportAtMost(what, median(ratios), aim);
+    const double low = quantile(ratios, 0.25);
+    const double high = quantile(ratios, 0.75);
+    std::printf("    %zu rounds, middle half %.3f to %.3f, all %.3f to %.3f%s\n", ratios.size(),
+                low, high, quantile(ratios, 0), quantile(ratios, 1),
+                high - low > kTellable ? ": too noisy to tell" : "");
+    std::fflush(stdout);
 }
 
 void report(const std::string& what, double value, const std::string& unit)

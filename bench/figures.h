@@ -19,7 +19,8 @@ template <typename Work> double seconds(const Work& work)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// Middle value of a list that is not empty.
+/// The value below which a share of a list that is not empty lies: 0.5 is the middle value.
+double quantile(std::vector<double> values, double share);
 double median(std::vector<double> values);
 
 /// The most memory that this process has held, in MiB; 0 where the system does not tell.
@@ -29,6 +30,9 @@ double peakMemory();
 void reportAtLeast(const std::string& what, double value, double aim);
 /// The same for a value that should not exceed `aim`.
 void reportAtMost(const std::string& what, double value, double aim, const std::string& unit = {});
+/// The ratios of interleaved rounds, which should not exceed `aim`: their middle value, and on a
+/// line of its own their spread and whether the machine was too noisy to tell.
+void reportRatios(const std::string& what, const std::vector<double>& ratios, double aim);
 /// A value without an aim.
 void report(const std::string& what, double value, const std::string& unit);
 

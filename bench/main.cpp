@@ -22,6 +22,8 @@ int runBenchmarks(const QStringList& arguments)
             wireEfficiency();
         if (wanted("download"))
             programDownload();
+        if (wanted("start"))
+            startCost(QCoreApplication::applicationFilePath());
         if (wanted("window"))
             windowCost(QCoreApplication::applicationFilePath());
         if (wanted("screens"))
@@ -46,13 +48,15 @@ int runBenchmarks(const QStringList& arguments)
 } // namespace
 
 /// tambrix_bench
-/// [exchange|wire|download|window|screens|transfer|monitor|report|datasets|history]...
+/// [exchange|wire|download|start|window|screens|transfer|monitor|report|datasets|history]...
 int main(int argc, char* argv[])
 {
-    constexpr int kWindowArguments = 4;
-    if (argc == kWindowArguments && QLatin1String(argv[1]) == QLatin1String("--window-process"))
-        return windowProcess(argc, argv, QString::fromLocal8Bit(argv[2]),
-                             QByteArray(argv[3]).toLongLong());
+    if (argc == 3 && QLatin1String(argv[1]) == QLatin1String("--window-process"))
+        return windowProcess(argc, argv, QString::fromLocal8Bit(argv[2]));
+    if (argc == 3 && QLatin1String(argv[1]) == QLatin1String("--start-process"))
+        return startProcess(argc, argv, QString::fromLocal8Bit(argv[2]));
+    if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--bare-process"))
+        return bareStartProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--screens-process"))
         return screensProcess(argc, argv);
     if (argc == 2 && QLatin1String(argv[1]) == QLatin1String("--monitor-process"))

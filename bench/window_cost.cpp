@@ -6,7 +6,6 @@
 #include "screens/main_display.h"
 
 #include <QApplication>
-#include <QTimer>
 
 #include <chrono>
 #include <stdexcept>
@@ -42,41 +41,23 @@ double processorSeconds()
 class WindowCost : public QObject
 {
 public:
-    WindowCost(const QString& device, double started)
-        : m_started(started),
-          m_test(device, kBaud, {makeScreen<MainDisplay>}),
-          m_loop([] { return true; })
+    explicit WindowCost(const QString& device)
+        : m_test(device, kBaud, {makeScreen<MainDisplay>}), m_loop([] { return true; })
     {
-        m_test.window.installEventFilter(this);
         m_loop.start(measure());
     }
 
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint && m_firstPaint == 0)
-            QTimer::singleShot(0, this, [this] { notePainted(); }); // once its children are, too
-        return false;
-    }
-
 private:
-    void notePainted()
-    {
-        if (m_firstPaint == 0)
-            m_firstPaint = monotonicNow() - m_started;
-    }
-
     Task measure()
     {
         co_await m_loop.pause(kSettling);
-        report("start to first painted window", m_firstPaint * 1000, "ms");
-        co_await processorUse("processor use off line, of one core", 1);
+        co_await processorUse("processor use off line, of one core", 0.5);
         m_test.window.goOnline();
         if (!m_test.state.gLink.OnlineMode) {
             QApplication::exit(1);
             co_return;
         }
-        co_await processorUse("processor use on line at 9600, Main Display, of one core", 5);
+        co_await processorUse("processor use on line at 9600, Main Display, of one core", 3);
         co_await longestGap();
         report("peak memory", peakMemory(), "MiB");
         QApplication::exit(m_test.state.gLink.OnlineMode ? 0 : 1);
@@ -102,8 +83,6 @@ private:
         report("longest unserved event-loop time on line", m_gap.stop(), "ms");
     }
 
-    double m_started;
-    double m_firstPaint = 0;
     WindowUnderTest m_test;
     EventLoopGap m_gap;
     CooperativeLoop m_loop; // last: its frames are gone before anything that they use
@@ -111,20 +90,17 @@ private:
 
 } // namespace
 
-int windowProcess(int argc, char* argv[], const QString& device, qint64 started)
+int windowProcess(int argc, char* argv[], const QString& device)
 {
     const QApplication application(argc, argv);
-    const WindowCost cost(device, static_cast<double>(started) / 1e9);
+    const WindowCost cost(device);
     return QApplication::exec();
 }
 
 void windowCost(const QString& program)
 {
     const BoardProcess board({QStringLiteral("--baud"), QString::number(kBaud)});
-    const auto started = static_cast<qint64>(monotonicNow() * 1e9);
-    const QStringList arguments = {QStringLiteral("--window-process"), board.device(),
-                                   QString::number(started)};
-    if (QProcess::execute(program, arguments) != 0)
+    if (QProcess::execute(program, {QStringLiteral("--window-process"), board.device()}) != 0)
         throw std::runtime_error("the window did not stay on line");
 }
 

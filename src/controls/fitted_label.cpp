@@ -27,13 +27,21 @@ QSize FittedLabel::minimumSizeHint() const
     return kSmallestTimes * (fontMetrics().size(0, m_widest) + QSize(fontMetrics().height(), 0));
 }
 
+QFont FittedLabel::fittedFont()
+{
+    const QString& text = this->text().size() > m_widest.size() ? this->text() : m_widest;
+    const QSize place = contentsRect().size();
+    QFont large = font();
+    if (m_measured.font != large || m_measured.text != text || m_measured.place != place)
+        m_measured = {large, text, place, fittingPointSize(large, text, place, 1, kLargestPoints)};
+    large.setPointSize(m_measured.points);
+    return large;
+}
+
 void FittedLabel::paintEvent(QPaintEvent*)
 {
-    QFont large = font();
-    const QString& measured = text().size() > m_widest.size() ? text() : m_widest;
-    large.setPointSize(fittingPointSize(large, measured, contentsRect().size(), 1, kLargestPoints));
     QPainter painter(this);
-    painter.setFont(large);
+    painter.setFont(fittedFont());
     painter.setPen(isEnabled() ? palette().color(QPalette::WindowText) : tonesOf(palette()).dim);
     painter.drawText(contentsRect(), static_cast<int>(alignment()), text());
 }

@@ -21,7 +21,20 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// The label's font, as large as the place lets it be.
+    QFont fittedFont();
+
+    /// What was measured last: measuring takes longer than painting.
+    struct Measured
+    {
+        QFont font;
+        QString text;
+        QSize place;
+        int points = 0;
+    };
+
     QString m_widest;
+    Measured m_measured;
 };
 
 } // namespace tambrix

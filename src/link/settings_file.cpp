@@ -50,6 +50,21 @@ std::string readStart(const fs::path& file, std::error_code& error)
     return start;
 }
 
+/// Returns whether all of it is in the file.
+bool writeLine(const fs::path& file, const CommSettings& settings, std::error_code& error)
+{
+    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    if (!stream) {
+        error = std::make_error_code(std::errc::permission_denied);
+        return false;
+    }
+    stream << settings.port << ',' << settings.speed << "\r\n";
+    stream.close();
+    if (!stream)
+        error = std::make_error_code(std::errc::io_error);
+    return !error;
+}
+
 } // namespace
 
 CommSettings readOrCreateCommSettings(const fs::path& file, std::error_code& error)
@@ -78,15 +93,13 @@ void writeCommSettings(const fs::path& file, const CommSettings& settings, std::
     fs::create_directories(file.parent_path(), error);
     if (error)
         return;
-    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-    if (!stream) {
-        error = std::make_error_code(std::errc::permission_denied);
-        return;
-    }
-    stream << settings.port << ',' << settings.speed << "\r\n";
-    stream.close();
-    if (!stream)
-        error = std::make_error_code(std::errc::io_error);
+    fs::path whole = file;
+    whole += ".new";
+    if (writeLine(whole, settings, error))
+        fs::rename(whole, file, error);
+    std::error_code ignored;
+    if (error)
+        fs::remove(whole, ignored);
 }
 
 } // namespace tambrix

@@ -26,7 +26,9 @@ CommSettings readOrCreateCommSettings(const std::filesystem::path& file, std::er
 /// What the settings file says, without touching it: the defaults when it is missing or empty.
 CommSettings readCommSettings(const std::filesystem::path& file);
 
-/// Writes the file's one line, port, comma, speed, CR LF, creating its folder when missing.
+/// Writes the file's one line, port, comma, speed, CR LF, creating its folder when missing. It
+/// takes the old file's place when it is complete: a program that ends in between, or a full disk,
+/// leaves the old settings.
 void writeCommSettings(const std::filesystem::path& file, const CommSettings& settings,
                        std::error_code& error);
 

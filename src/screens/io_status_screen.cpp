@@ -89,9 +89,13 @@ void setColor(QLabel& label, const QColor& color)
     label.setPalette(palette);
 }
 
+/// Each pass shows 32 states; what has not changed costs no new palette.
 void showState(ValueLabel& label, bool on)
 {
-    label.setValue(on ? QStringLiteral("ON") : QStringLiteral("off"));
+    const QString text = on ? QStringLiteral("ON") : QStringLiteral("off");
+    if (label.text() == text)
+        return;
+    label.setValue(text);
     setColor(label, on ? kOnColor : kOffColor);
 }
 
