@@ -16,11 +16,7 @@ if(MSVC)
   target_compile_options(tambrix_warnings INTERFACE /W4 /permissive- /utf-8)
 else()
   target_compile_options(tambrix_warnings INTERFACE
-    -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wredundant-decls)
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(tambrix_warnings INTERFACE -Wsuggest-override -Wlogical-op)
-  endif()
+    -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 takes the standard library's own "literal" + string for overlapping copies at -O3.
     target_compile_options(tambrix_warnings INTERFACE -Wno-restrict)
@@ -45,8 +41,7 @@ if(TAMBRIX_PCH)
   target_precompile_headers(tambrix_precompiled PRIVATE
     <algorithm> <array> <chrono> <filesystem> <functional> <memory> <optional> <string> <vector>
     <QApplication> <QBoxLayout> <QCheckBox> <QDateTime> <QDialog> <QDir> <QFile> <QGridLayout>
-    <QGroupBox> <QLabel> <QLineEdit> <QMainWindow> <QMouseEvent> <QPainter> <QPushButton> <QTimer>
-    $<$<BOOL:${TAMBRIX_TESTS}>:<gtest/gtest.h$<ANGLE-R>>)
+    <QGroupBox> <QLabel> <QLineEdit> <QMainWindow> <QMouseEvent> <QPainter> <QPushButton> <QTimer>)
 endif()
 
 function(tambrix_precompile target)

@@ -11,10 +11,15 @@ SteadyPlace::SteadyPlace(QLabel* label) : m_label(label), m_room(label->minimumS
     label->setParent(this);
 }
 
+QSize SteadyPlace::minimumSizeHint() const
+{
+    return m_label->minimumSizeHint();
+}
+
 bool SteadyPlace::event(QEvent* event)
 {
     const bool handled = QWidget::event(event);
-    if (event->type() != QEvent::LayoutRequest && event->type() != QEvent::FontChange)
+    if (event->type() != QEvent::LayoutRequest && event->type() != QEvent::Show)
         return handled;
     const QSize room = m_label->minimumSizeHint();
     if (room == m_room)

@@ -16,8 +16,8 @@ class SteadyPlace : public QWidget
 public:
     explicit SteadyPlace(QLabel* label);
 
-    QSize sizeHint() const override { return m_room; }
-    QSize minimumSizeHint() const override { return m_room; }
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     bool event(QEvent* event) override;

@@ -4,6 +4,7 @@
 
 #include "controls/lamp.h"
 #include "controls/named_controls.h"
+#include "controls/steady_place.h"
 #include "controls/text_size.h"
 #include "controls/value_bar.h"
 #include "controls/value_label.h"
@@ -105,7 +106,7 @@ void ColorControlScreen::addDuctorRow(QGridLayout& grid, int ductor)
     grid.addWidget(caption, row, 0);
     grid.addWidget(on, row, kOnColumn, Qt::AlignCenter);
     grid.addWidget(cycle, row, kCycleColumn, Qt::AlignCenter);
-    grid.addWidget(m_densities[d], row, kDensityColumn, Qt::AlignVCenter);
+    grid.addWidget(new SteadyPlace(m_densities[d]), row, kDensityColumn, Qt::AlignVCenter);
     grid.addWidget(m_bars[d], row, kBarColumn, Qt::AlignVCenter);
 }
 
@@ -127,7 +128,7 @@ QGroupBox* ColorControlScreen::makeStatusFrame()
         lamp->setObjectName(arrayName("picStatus", row));
         grid->addWidget(makeLabel(arrayName("lblDescription", 12 + row), caption), row, 0);
         grid->addWidget(lamp, row, 1);
-        grid->addWidget(value, row, 2);
+        grid->addWidget(new SteadyPlace(value), row, 2);
     }
     return frame;
 }
@@ -149,7 +150,7 @@ QGroupBox* ColorControlScreen::makeResponseFrame()
         ValueLabel* value = makeValueLabel(arrayName("lblStatus", i), QStringLiteral("0"), caption);
         m_status[static_cast<std::size_t>(i)] = value;
         grid->addWidget(makeLabel(arrayName("lblDescription", 15 + i), caption), 1 + i, 0);
-        grid->addWidget(value, 1 + i, 1);
+        grid->addWidget(new SteadyPlace(value), 1 + i, 1);
     }
     return frame;
 }

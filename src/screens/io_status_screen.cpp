@@ -3,6 +3,7 @@
 #include "controls/lamp.h"
 #include "controls/named_controls.h"
 #include "controls/rule.h"
+#include "controls/steady_place.h"
 #include "controls/text_size.h"
 #include "controls/value_label.h"
 #include "data/parameters.h"
@@ -147,7 +148,7 @@ void addPoint(QGridLayout& grid, const SlotFrame& slot, int row, ValueLabel*& st
     grid.addWidget(lamp, place, 0);
     grid.addWidget(caption, place, 1);
     grid.addWidget(new QLabel(name), place, 2);
-    grid.addWidget(state, place, 3);
+    grid.addWidget(new SteadyPlace(state), place, 3);
     grid.setRowStretch(place, 1);
 }
 
@@ -189,7 +190,7 @@ QGroupBox* IoStatusScreen::makeModule()
         m_module[entry] = makeState(arrayName("lblq910State", row), QStringLiteral("0"), caption);
         setTextSize(*m_module[entry], TextSize::Text, true);
         grid->addWidget(makeLabel(arrayName("lblq910", row), caption), 2 * row, 0);
-        grid->addWidget(m_module[entry], 2 * row, 1);
+        grid->addWidget(new SteadyPlace(m_module[entry]), 2 * row, 1);
         grid->addWidget(new Rule, 2 * row + 1, 0, 1, 2);
         grid->setRowStretch(2 * row, 1);
     }

@@ -5,6 +5,7 @@
 #include "controls/fitted_label.h"
 #include "controls/fonts.h"
 #include "controls/lamp.h"
+#include "controls/steady_place.h"
 #include "controls/text_size.h"
 #include "controls/trend.h"
 #include "data/parameters.h"
@@ -85,7 +86,7 @@ QGroupBox* MainDisplay::makeSpeed()
 {
     m_speedFrame = makeFrame(QStringLiteral("fraDisplay(0)"), QStringLiteral("Machine CPM"));
     auto* inside = new QVBoxLayout(m_speedFrame);
-    inside->addWidget(m_speed, 1);
+    inside->addWidget(new SteadyPlace(m_speed), 1);
     inside->addWidget(makeDimLabel(QStringLiteral("cans per minute")), 0, Qt::AlignCenter);
     m_trend->setObjectName(QStringLiteral("picTrend"));
     inside->addWidget(m_trend);

@@ -2,6 +2,7 @@
 
 #include "controls/named_controls.h"
 #include "controls/numeric_entry_field.h"
+#include "controls/steady_place.h"
 #include "controls/text_size.h"
 #include "controls/value_bar.h"
 #include "controls/value_label.h"
@@ -81,7 +82,7 @@ QGroupBox* ShiftDataScreen::makeCounts()
         m_bars[ductor] = new ValueBar(spokenText(caption));
         m_bars[ductor]->setObjectName(arrayName("picCount", d));
         grid->addWidget(makeLabel(arrayName("lblDescription", d + 1), caption), d, 0);
-        grid->addWidget(m_counts[ductor], d, 1);
+        grid->addWidget(new SteadyPlace(m_counts[ductor]), d, 1);
         grid->addWidget(m_bars[ductor], d, 2);
         grid->setRowStretch(d, 1);
     }
