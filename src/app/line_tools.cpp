@@ -135,9 +135,13 @@ void LineTools::showCheck()
 LineFinding LineTools::check()
 {
     LineRecorder& recorder = m_line.recorder;
-    if (m_state.canReachBoard())
-        return checkOnline(m_state.gLink, m_line.clock, recorder.baud(),
-                           [&recorder] { return recorder.errors(); });
+    if (m_state.canReachBoard()) {
+        LineFinding finding = checkOnline(m_state.gLink, m_line.clock, recorder.baud(),
+                                          [&recorder] { return recorder.errors(); });
+        if (m_state.gLink.CommError) // the screens' own loops stand still behind this window
+            m_state.dropOffline();
+        return finding;
+    }
     std::error_code error;
     const auto settings = readOrCreateCommSettings(m_state.gLink.CommSettingsFile(), error);
     Connection connection;

@@ -181,6 +181,7 @@ int runProgram(const CommandLine& line)
         startedWith(line));
 
     const FirstRun firstRun(state, line.simulate);
+    reports.addTo(window.tools());
     addLookTools(window, state.programFolder.path());
 
     return showAndRun(window, controller, line);

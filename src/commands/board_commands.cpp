@@ -4,7 +4,8 @@
 #include "commands/session.h"
 #include "data/board_codes.h"
 #include "data/link_text.h"
-#include "data/parameters.h"
+#include "data/processor_registers.h"
+#include "link/board_registers.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -62,16 +63,15 @@ private:
 struct Code
 {
     const char* key;
-    const char* caption;
-    const char* address;
+    Register where;
     const char* texts; ///< file below Support
 };
 
 constexpr std::array kCodes = {
-    Code{"currentFault", "Current Fault", "B8176", "FaultErrCodes.txt"},
-    Code{"lastFault", "Last Fault", "B8177", "FaultErrCodes.txt"},
-    Code{"currentCommError", "Current Comm Error", "B8179", "CommErrCodes.txt"},
-    Code{"lastCommError", "Last Comm Error", "B8178", "CommErrCodes.txt"},
+    Code{"currentFault", reg::kFaultCode, "FaultErrCodes.txt"},
+    Code{"lastFault", reg::kLastFaultCode, "FaultErrCodes.txt"},
+    Code{"currentCommError", reg::kNetworkError, "CommErrCodes.txt"},
+    Code{"lastCommError", reg::kLastNetworkError, "CommErrCodes.txt"},
 };
 
 ExitCode showFaults(const CommandCall& call)
@@ -84,11 +84,11 @@ ExitCode showFaults(const CommandCall& call)
     int lastFault = 0;
     for (const Code& code : kCodes) {
         stopIfInterrupted();
-        const int value = static_cast<int>(session.read(code.address));
+        const int value = static_cast<int>(session.read(code.where.address));
         const auto text = lastTextOf(codeText(value), support.filePath(QLatin1String(code.texts)));
-        facts.add(QLatin1String(code.key), QLatin1String(code.caption),
+        facts.add(QLatin1String(code.key), QLatin1String(code.where.name),
                   (codeText(value) + QStringLiteral("H ") + text.value_or(QString())).trimmed());
-        if (code.address == std::string_view("B8177"))
+        if (code.where.address == std::string_view(reg::kLastFaultCode.address))
             lastFault = value;
     }
     facts.add(QStringLiteral("correctiveAction"), QStringLiteral("Corrective Action"),
@@ -97,52 +97,43 @@ ExitCode showFaults(const CommandCall& call)
     return ExitCode::Done;
 }
 
-std::string byteAt(int address)
-{
-    return "B" + std::to_string(address);
-}
-
 ExitCode showIdentity(const CommandCall& call)
 {
-    constexpr int kName = 61424;
-    constexpr int kNameLength = 8;
+    using namespace board_registers;
     catchInterruptions();
     Session session(call.common);
     session.goOnline();
     std::string name;
-    for (int i = 0; i < kNameLength; ++i) {
+    for (std::size_t i = 0; i < kProgramNameLength; ++i) {
         stopIfInterrupted();
-        name += static_cast<char>(session.read(byteAt(kName + i)));
+        name += static_cast<char>(session.read(byteRegister(kProgramName + static_cast<int>(i))));
     }
-    const auto number = [&session](int address) {
-        return QString::number(session.read(byteAt(address)));
+    const auto number = [&session](const std::string& address) {
+        return QString::number(session.read(address));
     };
     Facts facts(call.console);
     facts.add(QStringLiteral("name"), QStringLiteral("Name"), fromLink(printable(name)));
-    facts.add(QStringLiteral("revision"), QStringLiteral("Revision"), number(61433));
-    facts.add(QStringLiteral("checksum"), QStringLiteral("Checksum"), number(61432));
-    facts.add(QStringLiteral("firmware"), QStringLiteral("Firmware revision"), number(8159));
-    facts.add(QStringLiteral("networkAddress"), QStringLiteral("Network address 1"), number(8180));
+    facts.add(QStringLiteral("revision"), QStringLiteral("Revision"),
+              number(byteRegister(kProgramRevision)));
+    facts.add(QStringLiteral("checksum"), QStringLiteral("Checksum"),
+              number(byteRegister(kProgramChecksum)));
+    facts.add(QStringLiteral("firmware"), QStringLiteral("Firmware revision"),
+              number(byteRegister(kFirmwareRev)));
+    facts.add(QStringLiteral("networkAddress"), QStringLiteral("Network address 1"),
+              number(reg::kNetworkAddress1.address));
     facts.finish();
     return ExitCode::Done;
 }
 
-constexpr int kHour = 43012;
-constexpr int kMinute = 43010;
-constexpr int kSecond = 43008;
-constexpr int kMonth = 43016;
-constexpr int kDay = 43015;
-constexpr int kYear = 43017; // two digits
-
 QString boardTime(Session& session)
 {
-    const auto part = [&session](int address) { return session.read(byteAt(address)); };
-    const auto year = part(kYear);
-    const auto month = part(kMonth);
-    const auto day = part(kDay);
-    const auto hour = part(kHour);
-    const auto minute = part(kMinute);
-    const auto second = part(kSecond);
+    const auto part = [&session](const Register& which) { return session.read(which.address); };
+    const auto year = part(reg::kClockYear);
+    const auto month = part(reg::kClockMonth);
+    const auto day = part(reg::kClockDay);
+    const auto hour = part(reg::kClockHour);
+    const auto minute = part(reg::kClockMinute);
+    const auto second = part(reg::kClockSecond);
     return QString::asprintf("20%02d-%02d-%02d %02d:%02d:%02d", static_cast<int>(year),
                              static_cast<int>(month), static_cast<int>(day), static_cast<int>(hour),
                              static_cast<int>(minute), static_cast<int>(second));
@@ -151,20 +142,21 @@ QString boardTime(Session& session)
 /// The seconds go last, so that the clock is right when it is done.
 void setBoardTime(Session& session, const QDateTime& now)
 {
-    const std::array<std::pair<int, int>, 6> parts = {{{kYear, now.date().year() % 100},
-                                                       {kMonth, now.date().month()},
-                                                       {kDay, now.date().day()},
-                                                       {kHour, now.time().hour()},
-                                                       {kMinute, now.time().minute()},
-                                                       {kSecond, now.time().second()}}};
-    for (const auto& [address, value] : parts) {
+    const std::array<std::pair<Register, int>, 6> parts = {
+        {{reg::kClockYear, now.date().year() % 100},
+         {reg::kClockMonth, now.date().month()},
+         {reg::kClockDay, now.date().day()},
+         {reg::kClockHour, now.time().hour()},
+         {reg::kClockMinute, now.time().minute()},
+         {reg::kClockSecond, now.time().second()}}};
+    for (const auto& [which, value] : parts) {
         stopIfInterrupted();
-        session.link().RSWrite(byteAt(address), std::to_string(value));
+        session.link().RSWrite(which.address, std::to_string(value));
         session.requireLink();
     }
-    const std::array fixed = {kYear, kMonth, kDay, kHour};
-    for (std::size_t i = 0; i < fixed.size(); ++i) {
-        if (session.read(byteAt(fixed[i])) != parts[i].second)
+    constexpr std::size_t kSteady = 4; // minute and second may have gone on
+    for (std::size_t i = 0; i < kSteady; ++i) {
+        if (session.read(parts[i].first.address) != parts[i].second)
             throw Failure{ExitCode::NotVerified,
                           QStringLiteral("the board did not take the time; it may have no clock")};
     }
@@ -202,7 +194,7 @@ ExitCode downloadEnded(Session& session, const CommandCall& call)
     const QStringList lines = session.person().takeLines();
     const QString last =
         lines.isEmpty() ? QStringLiteral("the download did not begin") : lines.back();
-    if (last.contains(QLatin1String("Download Complete!"))) {
+    if (session.link().programLoaded()) {
         call.console.note(last);
         return ExitCode::Done;
     }

@@ -4,9 +4,21 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 class QCommandLineParser;
 
 namespace tambrix {
+
+class Clock;
+class SerialPort;
+
+/// A line that is there already, in place of a port of this machine.
+struct ReadyLine
+{
+    SerialPort& port;
+    Clock& clock;
+};
 
 /// What every command may be told. Each value comes from the first of these that has it: the
 /// command line, the environment (TAMBRIX_SERIAL_DEVICE, TAMBRIX_BAUD, TAMBRIX_PROGRAM_FOLDER),
@@ -19,6 +31,7 @@ struct CommonOptions
     QString programFolder; ///< folder with Support; empty: the program's own
     bool json = false;
     bool quiet = false;
+    std::optional<ReadyLine> line; ///< a program that calls the commands may bring its own
 };
 
 /// The options themselves, for a command's parser.

@@ -87,6 +87,8 @@ void Console::endProgress()
 
 void Console::write(std::FILE* stream, const QString& line) const
 {
+    if (m_silent)
+        return;
     // JSON is UTF-8 whatever the console; other text is as the console has it.
     const QByteArray bytes = (m_json ? line.toUtf8() : line.toLocal8Bit()) + '\n';
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);

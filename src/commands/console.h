@@ -18,6 +18,9 @@ public:
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
 
+    /// Says nothing at all from now on: the exit code is enough for the caller.
+    void setSilent() { m_silent = true; }
+
     /// Whether results are wanted as JSON.
     bool json() const { return m_json; }
 
@@ -45,6 +48,7 @@ private:
     bool mayShowProgress(bool last);
 
     bool m_quiet;
+    bool m_silent = false;
     bool m_json;
     bool m_progressShown = false;
     std::chrono::steady_clock::time_point m_lastProgress;

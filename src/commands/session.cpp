@@ -1,6 +1,7 @@
 #include "commands/session.h"
 
 #include "data/link_text.h"
+#include "link/forwarding_port.h"
 #include "platform/port_access.h"
 #include "simulator/inprocess/built_in_controller.h"
 
@@ -16,28 +17,18 @@ constexpr int kReadTries = 3;
 const QString kUserFolder = QStringLiteral("/TAMBRIX"); // the same as the window's
 
 /// Puts the speed that the command was told in place of the settings file's.
-class PortAtSpeed : public SerialPort
+class PortAtSpeed : public ForwardingPort
 {
 public:
-    PortAtSpeed(SerialPort& port, int baud) : m_port(port), m_baud(baud) {}
+    PortAtSpeed(SerialPort& port, int baud) : ForwardingPort(port), m_baud(baud) {}
 
     std::optional<PortFault> configure(int portNumber, std::string_view settings) override
     {
-        if (m_baud == 0)
-            return m_port.configure(portNumber, settings);
-        return m_port.configure(portNumber, std::to_string(m_baud) + ",n,8,1");
+        return ForwardingPort::configure(
+            portNumber, m_baud == 0 ? std::string(settings) : std::to_string(m_baud) + ",n,8,1");
     }
-    std::optional<PortFault> open() override { return m_port.open(); }
-    void close() override { m_port.close(); }
-    bool isOpen() const override { return m_port.isOpen(); }
-    std::size_t bytesWaiting() override { return m_port.bytesWaiting(); }
-    std::uint8_t readByte() override { return m_port.readByte(); }
-    void writeByte(std::uint8_t byte) override { m_port.writeByte(byte); }
-    void discardInput() override { m_port.discardInput(); }
-    bool waitForInput(Duration limit) override { return m_port.waitForInput(limit); }
 
 private:
-    SerialPort& m_port;
     int m_baud;
 };
 
@@ -87,9 +78,12 @@ BoxAnswer AbsentOperator::showMessage(const OperatorBox& box)
 
 Session::Session(const CommonOptions& options)
     : m_folders(foldersFor(options, m_scratch)),
+      m_clock(options.line ? options.line->clock : m_steadyClock),
       m_simulated(options.simulate ? std::make_unique<BuiltInController>(m_clock) : nullptr),
       m_device(m_clock),
-      m_port(std::make_unique<PortAtSpeed>(m_simulated ? m_simulated->port() : m_device,
+      m_port(std::make_unique<PortAtSpeed>(options.line  ? options.line->port
+                                           : m_simulated ? m_simulated->port()
+                                                         : m_device,
                                            options.baud)),
       m_link(pathOf(m_folders.program), m_clock, m_operator, pathOf(m_folders.settings))
 {

@@ -76,7 +76,8 @@ private:
 
     const QTemporaryDir m_scratch; ///< takes the settings that the simulated controller needs not
     const ProgramFolders m_folders;
-    SteadyClock m_clock;
+    SteadyClock m_steadyClock;
+    Clock& m_clock;
     AbsentOperator m_operator;
     std::unique_ptr<BuiltInController> m_simulated; ///< with --simulate
     ChosenPort m_device;

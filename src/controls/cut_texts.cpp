@@ -1,6 +1,7 @@
 #include "controls/cut_texts.h"
 
 #include <QAbstractScrollArea>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -21,10 +22,12 @@ bool canBeScrolled(const QWidget& control)
     return false;
 }
 
-/// Made as small as it is on purpose, or paints no text.
+/// Made as small as it is on purpose, paints no text, or stands in a control that is measured.
 bool meansToBeSmall(const QWidget& control)
 {
-    const bool partOfField = qobject_cast<const QLineEdit*>(control.parentWidget()) != nullptr;
+    const QWidget* holder = control.parentWidget();
+    const bool partOfField = qobject_cast<const QLineEdit*>(holder) != nullptr ||
+                             qobject_cast<const QComboBox*>(holder) != nullptr;
     return partOfField || control.maximumWidth() == control.minimumWidth() ||
            control.maximumHeight() == control.minimumHeight();
 }

@@ -1,5 +1,7 @@
 #include "controls/numeric_entry_field.h"
 
+#include "controls/accessible_entry.h"
+
 #include "controls/forms.h"
 #include "controls/named_controls.h"
 #include "data/typed_number.h"
@@ -32,9 +34,11 @@ bool isVisit(Qt::FocusReason reason)
 NumericEntryField::NumericEntryField(Operator& prompts, QWidget& focusSink, EntryRules rules)
     : m_prompts(prompts), m_focusSink(focusSink), m_rules(std::move(rules))
 {
+    makeEntriesAccessible();
     setFocusPolicy(Qt::StrongFocus);
     setAlignment(Qt::AlignRight);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    lineEdit()->setObjectName(QStringLiteral("qt_entry_lineedit")); // Qt's own name hides its text
     lineEdit()->installEventFilter(this);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
         if (m_state != State::Refused)

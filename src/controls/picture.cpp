@@ -16,10 +16,14 @@ public:
     {
     }
 
+    /// The name holds the value too: what is no control is asked for nothing else everywhere.
     QString text(QAccessible::Text which) const override
     {
-        return which == QAccessible::Value ? m_picture.spokenValue()
-                                           : QAccessibleWidget::text(which);
+        if (which == QAccessible::Value)
+            return m_picture.spokenValue();
+        const QString text = QAccessibleWidget::text(which);
+        return which == QAccessible::Name ? text + QStringLiteral(": ") + m_picture.spokenValue()
+                                          : text;
     }
 
     QAccessible::State state() const override
@@ -43,8 +47,6 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object)
 
 void announce(QWidget& widget)
 {
-    if (!QAccessible::isActive())
-        return;
     QAccessibleEvent changed(&widget, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&changed);
     QAccessibleEvent alert(&widget, QAccessible::Alert);
@@ -66,6 +68,8 @@ void Picture::valueChanged()
         return;
     QAccessibleValueChangeEvent changed(this, spokenValue());
     QAccessible::updateAccessibility(&changed);
+    QAccessibleEvent named(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&named);
 }
 
 int Picture::grid() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/line_trace.h"
+#include "data/line_exchange.h"
 
 #include <cstdint>
 

@@ -16,13 +16,12 @@ constexpr int kMostDropped = 64;
 void LineRecorder::sent(std::uint8_t byte)
 {
     giveUp();
-    m_pending = LineExchange{m_clock.now(), {}, byte, kNoByte, 0};
+    m_pending = LineExchange{m_clock.now(), {}, byte, kNoByte};
 }
 
 void LineRecorder::received(std::uint8_t byte)
 {
-    LineExchange exchange =
-        m_pending.value_or(LineExchange{m_clock.now(), {}, kNoByte, kNoByte, 0});
+    LineExchange exchange = m_pending.value_or(LineExchange{m_clock.now(), {}, kNoByte, kNoByte});
     m_pending.reset();
     exchange.took = m_clock.now() - exchange.sent;
     exchange.in = byte;
@@ -54,15 +53,15 @@ void LineRecorder::add(LineExchange exchange)
 std::optional<PortFault> TracedPort::configure(int portNumber, std::string_view settings)
 {
     m_recorder.closed();
-    if (m_port.isOpen())
-        m_port.close();
+    if (port().isOpen())
+        port().close();
     m_recorder.setBaud(leadingDecimal(settings));
-    return m_port.configure(portNumber, settings);
+    return port().configure(portNumber, settings);
 }
 
 std::optional<PortFault> TracedPort::open()
 {
-    auto fault = m_port.open();
+    auto fault = port().open();
     m_open = !fault;
     if (m_open)
         m_recorder.opened();
@@ -74,12 +73,12 @@ void TracedPort::close()
     if (!std::exchange(m_open, false))
         return;
     m_recorder.closed();
-    m_port.close();
+    port().close();
 }
 
 std::uint8_t TracedPort::readByte()
 {
-    const std::uint8_t byte = m_port.readByte();
+    const std::uint8_t byte = port().readByte();
     m_recorder.received(byte);
     return byte;
 }
@@ -87,14 +86,14 @@ std::uint8_t TracedPort::readByte()
 void TracedPort::writeByte(std::uint8_t byte)
 {
     m_recorder.sent(byte);
-    m_port.writeByte(byte);
+    port().writeByte(byte);
 }
 
 void TracedPort::discardInput()
 {
-    for (int i = 0; i < kMostDropped && m_port.bytesWaiting() > 0; ++i)
-        m_recorder.dropped(m_port.readByte());
-    m_port.discardInput();
+    for (int i = 0; i < kMostDropped && port().bytesWaiting() > 0; ++i)
+        m_recorder.dropped(port().readByte());
+    port().discardInput();
 }
 
 } // namespace tambrix

@@ -2,7 +2,7 @@
 
 #include "data/line_frames.h"
 #include "data/line_trace.h"
-#include "link/serial_port.h"
+#include "link/forwarding_port.h"
 
 #include <functional>
 #include <optional>
@@ -57,23 +57,23 @@ private:
 /// A serial port whose bytes the recorder hears. Adds no byte and no wait. Two of them may stand
 /// before the same port: each knows only what it has opened itself, and `configure()` takes the
 /// port from the other.
-class TracedPort : public SerialPort
+class TracedPort : public ForwardingPort
 {
 public:
-    TracedPort(SerialPort& port, LineRecorder& recorder) : m_port(port), m_recorder(recorder) {}
+    TracedPort(SerialPort& port, LineRecorder& recorder)
+        : ForwardingPort(port), m_recorder(recorder)
+    {
+    }
 
     std::optional<PortFault> configure(int portNumber, std::string_view settings) override;
     std::optional<PortFault> open() override;
     void close() override;
-    bool isOpen() const override { return m_open && m_port.isOpen(); }
-    std::size_t bytesWaiting() override { return m_port.bytesWaiting(); }
+    bool isOpen() const override { return m_open && ForwardingPort::isOpen(); }
     std::uint8_t readByte() override;
     void writeByte(std::uint8_t byte) override;
     void discardInput() override;
-    bool waitForInput(Duration limit) override { return m_port.waitForInput(limit); }
 
 private:
-    SerialPort& m_port;
     LineRecorder& m_recorder;
     bool m_open = false;
 };

@@ -1,6 +1,6 @@
 #include "data/line_story.h"
 
-#include "data/parameters.h"
+#include "data/processor_registers.h"
 #include "data/setup_data.h"
 #include "link/byte_exchange.h"
 #include "link/register_value.h"
@@ -25,7 +25,9 @@ std::unordered_map<std::uint16_t, char> makeRegisterLetters()
     for (const std::string& name : defaultSetupData({}).Address)
         note(name);
     for (const Register& known :
-         {reg::kMachineSpeed, reg::kPasscode, reg::kOnResponse, reg::kOffResponse})
+         {reg::kMachineSpeed, reg::kPasscode, reg::kOnResponse, reg::kOffResponse, reg::kOutputs,
+          reg::kAnalogInput0, reg::kAnalogInput1, reg::kUnusedWord, reg::kResolverPosition,
+          reg::kResolverPeriod, reg::kResolverScale, reg::kResolverOffset})
         note(known.address);
     for (int ductor = 0; ductor < kDuctors; ++ductor)
         note(addressOf(reg::kWorkingCycle, ductor));
@@ -125,6 +127,7 @@ bool LineStory::follow(const LineTrace& trace)
     const std::uint64_t forgotten = m_forgotten;
     if (m_next < trace.begin()) { // overrun: what stands between is not known
         m_open.reset();
+        m_frames = trace.framesBefore();
         m_next = trace.begin();
     }
     for (; m_next != trace.end(); ++m_next)
@@ -175,7 +178,7 @@ void LineStory::takeFrameByte(std::uint64_t number, const LineExchange& exchange
                          (m_open->entry.kind == LineEntry::Kind::Write) == m_frames.writing();
     if (!follows && (role != LineRole::AddressHigh || !m_open)) {
         closeRegister();
-        openRegister(exchange);
+        openRegister();
         if (role == LineRole::AddressHigh) // half an address names no register
             m_open->entry.registerLetter = 0;
     }
@@ -192,15 +195,13 @@ void LineStory::takeFrameByte(std::uint64_t number, const LineExchange& exchange
     takeRegisterByte(exchange);
 }
 
-void LineStory::openRegister(const LineExchange& exchange)
+void LineStory::openRegister()
 {
     OpenRegister opened;
     opened.entry.first = m_frameStart;
     opened.entry.kind = m_frames.writing() ? LineEntry::Kind::Write : LineEntry::Kind::Read;
     opened.entry.address = m_frames.address();
-    opened.entry.registerLetter = exchange.registerLetter != 0
-                                      ? exchange.registerLetter
-                                      : registerLetterAt(m_frames.address());
+    opened.entry.registerLetter = registerLetterAt(m_frames.address());
     m_open = opened;
 }
 

@@ -65,7 +65,7 @@ private:
     void takeRegisterByte(const LineExchange& exchange);
     void takeResend();
     void takeOther(std::uint64_t number, const LineExchange& exchange, LineRole role);
-    void openRegister(const LineExchange& exchange);
+    void openRegister();
     void closeRegister();
     LineEntry& add(std::uint64_t number, LineEntry::Kind kind);
 

@@ -17,8 +17,8 @@ void LineTrace::setCapacity(std::size_t capacity)
 
 void LineTrace::makeRoom(std::size_t room)
 {
-    while (m_exchanges.size() > room)
-        m_exchanges.pop_front();
+    for (; m_exchanges.size() > room; m_exchanges.pop_front())
+        m_before.take(m_exchanges.front());
 }
 
 } // namespace tambrix

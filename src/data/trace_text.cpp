@@ -74,10 +74,10 @@ public:
     {
         if (byte.toBoard) {
             finish(byte.time);
-            m_open = LineExchange{byte.time, {}, byte.byte, kNoByte, 0};
+            m_open = LineExchange{byte.time, {}, byte.byte, kNoByte};
             return;
         }
-        LineExchange exchange = m_open.value_or(LineExchange{byte.time, {}, kNoByte, kNoByte, 0});
+        LineExchange exchange = m_open.value_or(LineExchange{byte.time, {}, kNoByte, kNoByte});
         exchange.took = byte.time - exchange.sent;
         exchange.in = byte.byte;
         m_open.reset();

@@ -48,6 +48,8 @@ void CompareSession::finish(const QString& summary)
     m_reading.reset();
     m_restore.reset();
     m_loop.stop();
+    if (m_state.gLink.CommError) // the screens' own loops stand still behind this window
+        m_state.dropOffline();
     emit ended();
 }
 

@@ -54,6 +54,7 @@ ProgramTransfer::ProgramTransfer(LinkFlags& flags, ByteExchange& exchange,
 
 void ProgramTransfer::DumpProgram(const ProgramFiles& files, const PendingEvents& pendingEvents)
 {
+    m_complete = false;
     if (!m_flags.OnlineMode) {
         say(BoxIcon::Information, kTitle,
             "Program is Currently OFFLINE\r\n\r\nSwitch to ONLINE MODE to Continue.");
@@ -61,7 +62,8 @@ void ProgramTransfer::DumpProgram(const ProgramFiles& files, const PendingEvents
     }
     m_pendingEvents = pendingEvents;
     const Outcome outcome = transfer(files);
-    if (outcome == Outcome::Complete)
+    m_complete = outcome == Outcome::Complete;
+    if (m_complete)
         say(BoxIcon::Information, kTitle, "Program Download Complete!");
     else if (outcome == Outcome::NotComplete)
         say(BoxIcon::Warning, kTitle, "Program Download Not Complete!");

@@ -44,6 +44,9 @@ public:
 
     const TransferProgress& progress() const { return m_progress; }
 
+    /// Whether the last `DumpProgram` has loaded the whole program and its identity.
+    bool complete() const { return m_complete; }
+
 private:
     enum class Outcome { Complete, NotComplete, Halted };
 
@@ -70,6 +73,7 @@ private:
     Operator& m_operator;
     PendingEvents m_pendingEvents;
     TransferProgress m_progress;
+    bool m_complete = false;
 };
 
 } // namespace tambrix

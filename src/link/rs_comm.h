@@ -106,6 +106,8 @@ public:
     /// Reports how it ended. `pendingEvents` is called while it runs, at least every 50 ms as
     /// long as the board answers; the link is busy for all that time.
     void DumpProgram(const PendingEvents& pendingEvents = {});
+    /// Whether the last `DumpProgram` has loaded the whole program and its identity.
+    bool programLoaded() const { return m_transfer.complete(); }
     bool InProgramMode() const { return m_transfer.progress().InProgramMode; }
     int recordsSent() const { return m_transfer.progress().recordsSent; }
     int records() const { return m_transfer.progress().records; }

@@ -2,6 +2,7 @@
 
 #include "controls/value_label.h"
 #include "data/link_text.h"
+#include "data/processor_registers.h"
 #include "shell/link_poller.h"
 
 #include <QGridLayout>
@@ -25,14 +26,14 @@ struct Field
 };
 
 constexpr std::array<Field, BoardFields::kFields> kTable = {{
-    {"B8180", "Current Network Address 1:", 1, 32},
-    {"B8191", "Current Network Address 2:", 1, 32},
-    {"B43012", "Hour", 0, 23},
-    {"B43010", "Min.", 0, 59},
-    {"B43008", "Sec.", 0, 59},
-    {"B43016", "Month", 1, 12},
-    {"B43015", "Day", 1, 31},
-    {"B43017", "Year", 0, 99},
+    {reg::kNetworkAddress1.address, "Current Network Address 1:", 1, 32},
+    {reg::kNetworkAddress2.address, "Current Network Address 2:", 1, 32},
+    {reg::kClockHour.address, "Hour", 0, 23},
+    {reg::kClockMinute.address, "Min.", 0, 59},
+    {reg::kClockSecond.address, "Sec.", 0, 59},
+    {reg::kClockMonth.address, "Month", 1, 12},
+    {reg::kClockDay.address, "Day", 1, 31},
+    {reg::kClockYear.address, "Year", 0, 99},
 }};
 constexpr std::size_t kSecondAddress = 1;
 constexpr std::size_t kTime = 2; // hour, minute, second

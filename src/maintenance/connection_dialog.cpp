@@ -16,6 +16,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tambrix {
 
 namespace {
@@ -60,6 +62,8 @@ ConnectionDialog::ConnectionDialog(ProgramState& state, ConnectionChoice choice,
     layout->addWidget(makeButtons());
     listPorts(ports());
     load();
+    const int width = std::max(kWidth, sizeHint().width());
+    resize(width, layout->totalHeightForWidth(width)); // the notes wrap
     CenterForm(*this);
 }
 
@@ -83,6 +87,7 @@ QWidget* ConnectionDialog::makeChoices()
     m_device->setObjectName(QStringLiteral("cmbDevice"));
     m_device->setAccessibleName(QStringLiteral("Serial device"));
     m_device->setEditable(true);
+    m_device->lineEdit()->setAccessibleName(m_device->accessibleName());
     m_host = new QLineEdit;
     m_host->setObjectName(QStringLiteral("txtHost"));
     m_host->setAccessibleName(QStringLiteral("Name or address of the serial server"));
@@ -98,9 +103,12 @@ QWidget* ConnectionDialog::makeChoices()
     QFormLayout* server = addFields(*layout);
     server->addRow(QStringLiteral("&Host:"), m_host);
     server->addRow(QStringLiteral("TCP &port:"), m_tcpPort);
-    server->addRow(makeNote("lblServerNote",
-                            QStringLiteral("Speed and parity are set at the server: the board's "
-                                           "9600 or 19200, 8 data bits, no parity, 1 stop bit.")));
+    QLabel* note =
+        makeNote("lblServerNote",
+                 QStringLiteral("Speed and parity are set at the server: the board's 9600 or "
+                                "19200, 8 data bits, no parity, 1 stop bit."));
+    note->setContentsMargins(kIndent, 0, 0, 0);
+    layout->addWidget(note);
     return frame;
 }
 

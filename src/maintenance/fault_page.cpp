@@ -2,6 +2,7 @@
 
 #include "controls/named_controls.h"
 #include "data/board_codes.h"
+#include "data/processor_registers.h"
 #include "link/lenient_number.h"
 #include "shell/link_poller.h"
 
@@ -24,7 +25,9 @@ constexpr std::size_t kAction = 3; // the last fault again: it selects the corre
 constexpr std::size_t kCurrentError = 4;
 constexpr std::size_t kLastError = 5;
 
-constexpr std::array kRegisters = {"B8176", "B8177", "B8175", "B8177", "B8179", "B8178"};
+constexpr std::array kRegisters = {
+    reg::kFaultCode.address,     reg::kLastFaultCode.address, "B8175",
+    reg::kLastFaultCode.address, reg::kNetworkError.address,  reg::kLastNetworkError.address};
 constexpr std::array kCaptions = {"Current Fault:",     "Last Fault:",         "CO-CPU Slot:",
                                   "Corrective Action:", "Current Comm Error:", "Last Comm Error:"};
 constexpr int kReadTries = 3;

@@ -3,6 +3,7 @@
 #include "controls/value_label.h"
 #include "data/link_text.h"
 #include "data/program_file_name.h"
+#include "link/board_registers.h"
 #include "shell/link_poller.h"
 
 #include <QFileInfo>
@@ -17,8 +18,7 @@ namespace tambrix {
 
 namespace {
 
-constexpr std::size_t kFirstRegister = 61424; // characters of the name, checksum, revision
-constexpr std::size_t kNameLength = 8;
+constexpr std::size_t kNameLength = board_registers::kProgramNameLength;
 
 // Rows, in both frames.
 constexpr std::size_t kName = 0;
@@ -84,9 +84,9 @@ void IdentityPage::showDisk(const QString& programFile, int boardType)
 Task IdentityPage::refresh(LinkPoller& poller)
 {
     static const auto kRegisters = [] {
-        std::array<std::string, kNameLength + 2> registers;
+        std::array<std::string, kNameLength + 2> registers; // name, checksum, revision
         for (std::size_t i = 0; i < registers.size(); ++i)
-            registers[i] = "B" + std::to_string(kFirstRegister + i);
+            registers[i] = byteRegister(board_registers::kProgramName + static_cast<int>(i));
         return registers;
     }();
     return poller.readRegisters(

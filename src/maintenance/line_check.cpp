@@ -50,7 +50,7 @@ void sample(const LineUnderCheck& line, Samples& samples)
     line.port.writeByte(kAttention);
     const bool answered = line.port.waitForInput(kReplyWait);
     const std::int16_t reply = answered ? line.port.readByte() : kNoByte;
-    samples.trace.add({sent, line.clock.now() - sent, kAttention, reply, 0});
+    samples.trace.add({sent, line.clock.now() - sent, kAttention, reply});
     if (!answered)
         ++samples.unanswered;
     else if (reply != kAcknowledge)
@@ -208,8 +208,7 @@ LineFinding checkOnline(RSComm& link, const Clock& clock, int baud,
         const Duration sent = clock.now();
         link.RSRead(reg::kMachineSpeed.address);
         const Duration took = (clock.now() - sent) / kExchangesOfARead;
-        trace.add(
-            {sent, took, 0, static_cast<std::int16_t>(link.readSucceeded() ? 0 : kNoByte), 0});
+        trace.add({sent, took, 0, static_cast<std::int16_t>(link.readSucceeded() ? 0 : kNoByte)});
     }
     const auto wrong = static_cast<int>(errors() - before);
     if (link.CommError)

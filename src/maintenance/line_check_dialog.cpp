@@ -30,7 +30,7 @@ LineCheckDialog::LineCheckDialog(std::function<LineFinding()> check, QWidget* pa
       m_check(std::move(check)),
       m_run(makeButton(QStringLiteral("cmdCheckLine"), QStringLiteral("&Check"))),
       m_what(makeParagraph("lblLineFinding", QStringLiteral("Not checked yet."))),
-      m_toDo(makeParagraph("lblLineToDo", {}))
+      m_toDo(makeParagraph("lblLineToDo", QStringLiteral("Press Check.")))
 {
     setObjectName(QStringLiteral("frmLineCheck"));
     setWindowTitle(QStringLiteral("Check the Line"));

@@ -2,6 +2,7 @@
 
 #include "controls/forms.h"
 #include "controls/named_controls.h"
+#include "data/processor_registers.h"
 #include "data/program_file_name.h"
 #include "maintenance/board_fields.h"
 #include "maintenance/fault_page.h"
@@ -56,6 +57,7 @@ void TargetBoardWindow::buildTabs()
                           {m_identity, "Program Ident/Revision"},
                           {m_fields->clockPage(), "Set Time && Date"}};
     m_tabs->setObjectName(QStringLiteral("tabTargetBoard"));
+    m_tabs->setAccessibleName(windowTitle());
     for (const Page& page : pages) {
         page.widget->setObjectName(arrayName("fraTargetBoard", m_tabs->count()));
         m_tabs->addTab(page.widget, QLatin1String(page.caption));
@@ -145,9 +147,10 @@ void TargetBoardWindow::resetFaults()
     RSComm& link = m_state.gLink;
     if (!link.OnlineMode || link.isBusy())
         return;
-    for (const char* reg : {"B8178", "B8179", "B8177", "B8176"}) {
+    for (const Register& code :
+         {reg::kLastNetworkError, reg::kNetworkError, reg::kLastFaultCode, reg::kFaultCode}) {
         if (!link.CommError)
-            link.RSWrite(reg, "0");
+            link.RSWrite(code.address, "0");
     }
     m_poller.start(); // reads everything afresh, or shows that the board is gone
 }

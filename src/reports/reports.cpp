@@ -1,7 +1,10 @@
 #include "reports/reports.h"
 
+#include "reports/board_sheet.h"
 #include "reports/report_setup.h"
+#include "shell/tools_menu.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -13,6 +16,7 @@
 #include <QPrintPreviewDialog>
 #include <QSaveFile>
 #include <QScopedValueRollback>
+#include <QToolBar>
 
 namespace tambrix {
 
@@ -55,6 +59,14 @@ QPrinter& Reports::printer()
     return *m_printer;
 }
 
+void Reports::addTo(ToolsMenu& menu)
+{
+    menu.addCommand(
+        {QStringLiteral("Board &Sheet..."), QStringLiteral("mnuToolsBoardSheet"), {}, [this] {
+             showBoardSheet();
+         }});
+}
+
 void Reports::showSetup()
 {
     ReportSetup dialog(m_state, {[this] { preview(); }, [this] { savePdf(); }, [this] { print(); }},
@@ -67,15 +79,15 @@ void Reports::print()
     QPrintDialog dialog(&printer(), QApplication::activeWindow());
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     if (dialog.exec() == QDialog::Accepted)
-        printOn(printer());
+        printOn(printer(), content());
 }
 
-void Reports::printOn(QPrinter& device)
+void Reports::printOn(QPrinter& device, const Report& report)
 {
     const PageRange range = device.printRange() == QPrinter::PageRange
                                 ? PageRange{device.fromPage(), device.toPage()}
                                 : PageRange{};
-    StandbyWindow standby(content(), device, range, QApplication::activeWindow());
+    StandbyWindow standby(report, device, range, QApplication::activeWindow());
     if (standby.make() == StandbyWindow::Outcome::Failed)
         sayFailed(QStringLiteral("The report could not be printed."),
                   QStringLiteral("Check that the printer is on and ready."));
@@ -83,33 +95,55 @@ void Reports::printOn(QPrinter& device)
 
 void Reports::preview()
 {
+    previewOf(content());
+}
+
+void Reports::showBoardSheet()
+{
+    if (m_state.gLink.isBusy() || !m_state.offerOnline() || !m_state.canReachBoard())
+        return;
+    if (const auto sheet = boardSheet(m_state, QDateTime::currentDateTime()))
+        previewOf(*sheet);
+}
+
+/// The window's own tool bar gets the PDF file beside its printer.
+void Reports::previewOf(const Report& report)
+{
     QPrintPreviewDialog dialog(&printer(), QApplication::activeWindow());
     dialog.setObjectName(QStringLiteral("frmReportPreview"));
     dialog.setWindowTitle(QStringLiteral("Report Preview"));
     dialog.resize(kPreviewSize);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [this](QPrinter* device) {
+                     [this, &report](QPrinter* device) {
                          if (isPreview(*device))
-                             showPages(ReportPainter(content(), *device), *device);
+                             showPages(ReportPainter(report, *device), *device);
                          else // the dialog's own Print button
-                             printOn(*device);
+                             printOn(*device, report);
                      });
+    if (auto* bar = dialog.findChild<QToolBar*>()) {
+        QAction* save = bar->addAction(QStringLiteral("PDF..."));
+        save->setToolTip(QStringLiteral("Save as PDF"));
+        save->setObjectName(QStringLiteral("mnuPreviewPdf"));
+        QObject::connect(save, &QAction::triggered, &dialog, [&] { savePdfOf(report); });
+    }
     dialog.exec();
 }
 
 void Reports::savePdf()
 {
-    const auto path = m_state.prompts.askSaveFile(
-        {QStringLiteral("Save Report as PDF"), QStringLiteral("PDF Files(*.pdf)|*.pdf|"),
-         QFileInfo(m_state.gFileNamePath).path(), proposedName(), QStringLiteral("pdf")});
-    if (path)
-        writePdf(*path);
+    savePdfOf(content());
 }
 
-QString Reports::proposedName() const
+void Reports::savePdfOf(const Report& report)
 {
-    return QFileInfo(content().name).completeBaseName() +
-           (m_labels.empty() ? QStringLiteral(" report.pdf") : QStringLiteral(" labels.pdf"));
+    const QString ending = m_labels.empty() ? QStringLiteral(" report") : QStringLiteral(" labels");
+    const auto path = m_state.prompts.askSaveFile(
+        {QStringLiteral("Save Report as PDF"), QStringLiteral("PDF Files(*.pdf)|*.pdf|"),
+         QFileInfo(m_state.gFileNamePath).path(),
+         QFileInfo(report.name).completeBaseName() + ending + QStringLiteral(".pdf"),
+         QStringLiteral("pdf")});
+    if (path)
+        writePdfOf(report, *path);
 }
 
 void Reports::previewLabels(const std::vector<int>& labels)
@@ -128,6 +162,11 @@ void Reports::saveLabelsPdf(const std::vector<int>& labels)
 
 void Reports::writePdf(const QString& path)
 {
+    writePdfOf(content(), path);
+}
+
+void Reports::writePdfOf(const Report& report, const QString& path)
+{
     QSaveFile file(path);
     const QString failed = QStringLiteral("The report could not be saved in\r\n%1")
                                .arg(QDir::toNativeSeparators(path));
@@ -139,7 +178,7 @@ void Reports::writePdf(const QString& path)
         pdf.setTitle(QStringLiteral("TAMBRIX Report"));
         pdf.setPageLayout(printer().pageLayout());
         pdf.setPageMargins(kPageMargins, QPageLayout::Millimeter);
-        outcome = StandbyWindow(content(), pdf, {}, QApplication::activeWindow()).make();
+        outcome = StandbyWindow(report, pdf, {}, QApplication::activeWindow()).make();
     }
     if (outcome == StandbyWindow::Outcome::Cancelled)
         return file.cancelWriting();

@@ -8,11 +8,16 @@
 
 namespace tambrix {
 
-/// The report commands of the File menu.
+class ToolsMenu;
+
+/// The report commands of the File menu, and the board sheet of the Tools menu.
 class Reports
 {
 public:
     explicit Reports(ProgramState& state) : m_state(state) {}
+
+    /// Adds "Board Sheet..." to the Tools menu.
+    void addTo(ToolsMenu& menu);
 
     /// File > Report Setup.
     void showSetup();
@@ -26,6 +31,10 @@ public:
     /// Asks for a file name and writes the report into it as PDF, whole or not at all.
     void savePdf();
 
+    /// Reads the board sheet over the line and shows it as it will be printed. Off line it offers
+    /// to go on line.
+    void showBoardSheet();
+
     /// Writes the report into `path` as PDF. Says so when it could not; leaves no part of a file
     /// behind, and an older file as it was, after Cancel or an error.
     void writePdf(const QString& path);
@@ -36,9 +45,11 @@ public:
 
 private:
     QPrinter& printer();
-    void printOn(QPrinter& device);
+    void printOn(QPrinter& device, const Report& report);
+    void previewOf(const Report& report);
+    void savePdfOf(const Report& report);
+    void writePdfOf(const Report& report, const QString& path);
     Report content() const;
-    QString proposedName() const;
     void sayFailed(const QString& what, const QString& reason);
 
     ProgramState& m_state;

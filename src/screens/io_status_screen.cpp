@@ -6,7 +6,7 @@
 #include "controls/steady_place.h"
 #include "controls/text_size.h"
 #include "controls/value_label.h"
-#include "data/parameters.h"
+#include "data/processor_registers.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -22,19 +22,19 @@ namespace {
 // kept: the row "Resolver RPM" shows the machine speed, and W170 is read for nothing.
 const std::array<std::string, 15> kRegisters = {"F80",
                                                 "F81",
-                                                "W162",
-                                                "W164",
+                                                reg::kAnalogInput0.address,
+                                                reg::kAnalogInput1.address,
                                                 "B166",
                                                 "B167",
-                                                "W180",
+                                                reg::kResolverPosition.address,
                                                 reg::kMachineSpeed.address,
-                                                "W184",
-                                                "W186",
-                                                "W188",
-                                                "W170",
+                                                reg::kResolverPeriod.address,
+                                                reg::kResolverScale.address,
+                                                reg::kResolverOffset.address,
+                                                reg::kUnusedWord.address,
                                                 reg::kInputs.address,
                                                 "B131",
-                                                "W110"};
+                                                reg::kOutputs.address};
 constexpr std::size_t kLastLamp = 1;    // entries 0 and 1 are the module's digital inputs
 constexpr std::size_t kUnshown = 11;    // W170 is read and not shown
 constexpr std::size_t kInputByte = 12;  // B100

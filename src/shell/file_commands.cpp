@@ -2,6 +2,7 @@
 
 #include "data/link_text.h"
 #include "data/setup_file.h"
+#include "data/setup_file_source.h"
 #include "data/whole_file.h"
 
 #include <QFileInfo>
@@ -14,19 +15,6 @@ namespace {
 const QString kSetupFilter = QStringLiteral("Setup Files(*.sdt)|*.sdt|");
 const QString kTextFilter = QStringLiteral("Text Files(*.txt)|*.txt|");
 const QString kUnnamed = QStringLiteral("[unnamed]");
-
-/// A set-up file takes some 30 KB. What is very much longer is none.
-constexpr qint64 kLongestSetupFile = 1 << 20;
-
-std::optional<SetupDataRecord> readRecord(const QString& path)
-{
-    const auto bytes = readWholeFile(path, kLongestSetupFile);
-    if (!bytes)
-        return std::nullopt;
-    auto content = readSetupFile({bytes->constData(), static_cast<std::size_t>(bytes->size())});
-    auto* record = std::get_if<SetupDataRecord>(&content);
-    return record != nullptr ? std::optional(std::move(*record)) : std::nullopt;
-}
 
 } // namespace
 
@@ -81,8 +69,9 @@ void FileCommands::sayGone(const QString& path)
 /// Returns false when the user wants to choose another file.
 bool FileCommands::load(const QString& path)
 {
-    auto record = readRecord(path);
-    if (!record)
+    auto loaded = loadSetupData(path);
+    auto* record = std::get_if<SetupDataRecord>(&loaded);
+    if (record == nullptr)
         return true;
     m_state.gFileBuffer = std::move(*record);
     setFileName(path);
@@ -97,8 +86,6 @@ bool FileCommands::load(const QString& path)
 
 void FileCommands::acceptFile()
 {
-    m_state.gFileBuffer.Address.resize(gDataUpperBound + 1);
-    m_state.gFileBuffer.Value.resize(gDataUpperBound + 1);
     m_state.gWorkingData = m_state.gFileBuffer;
     m_state.gSavedData = m_state.gWorkingData;
     m_state.gUntitled = false;

@@ -27,7 +27,7 @@ public:
 bool PatientPort::waitForInput(Duration limit)
 {
     const Duration end = m_clock.now() + limit;
-    if (m_port.waitForInput(std::min(limit, kUnnoticed)))
+    if (port().waitForInput(std::min(limit, kUnnoticed)))
         return true;
     return limit > kUnnoticed && waitVisibly(end);
 }
@@ -37,7 +37,7 @@ bool PatientPort::waitVisibly(Duration end)
     const WaitCursor cursor;
     for (Duration left = end - m_clock.now(); left > Duration::zero(); left = end - m_clock.now()) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        if (m_port.waitForInput(std::min(left, kPaintInterval)))
+        if (port().waitForInput(std::min(left, kPaintInterval)))
             return true;
     }
     return false;

@@ -6,8 +6,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QTreeView>
 
 namespace tambrix {
 
@@ -61,6 +63,17 @@ BoxAnswer answerOf(int button)
     }
 }
 
+/// Qt's own dialog gives size and date less room than they need; a system's own has no such list.
+void widenColumns(QFileDialog& dialog)
+{
+    const auto* list = dialog.findChild<QTreeView*>();
+    if (list == nullptr)
+        return;
+    QHeaderView* header = list->header();
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 std::optional<QString> askFile(QFileDialog& dialog, const FileQuestion& question)
 {
     dialog.setWindowTitle(question.title);
@@ -69,6 +82,7 @@ std::optional<QString> askFile(QFileDialog& dialog, const FileQuestion& question
     if (!question.name.contains(u'*'))
         dialog.selectFile(question.name);
     dialog.resize(dialog.size().expandedTo(kFileDialog));
+    widenColumns(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.selectedFiles().constFirst();

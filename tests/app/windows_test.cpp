@@ -5,6 +5,9 @@
 #include "controls/cut_texts.h"
 #include "controls/lamp.h"
 #include "controls/value_label.h"
+#include "datasets/backup_dialog.h"
+#include "datasets/compare_window.h"
+#include "datasets/daily_backup_dialog.h"
 #include "datasets/labels_window.h"
 #include "datasets/plan_dialog.h"
 #include "help/about_box.h"
@@ -13,6 +16,9 @@
 #include "history/ductor_view.h"
 #include "history/history_window.h"
 #include "maintenance/comm_port_dialog.h"
+#include "maintenance/connection_dialog.h"
+#include "maintenance/line_check_dialog.h"
+#include "maintenance/line_monitor.h"
 #include "maintenance/program_download_window.h"
 #include "maintenance/target_board_window.h"
 #include "platform/steady_clock.h"
@@ -23,15 +29,19 @@
 #include "screens/shift_data_screen.h"
 #include "shell/label_range_dialog.h"
 #include "shell/processing_dialog.h"
+#include "simulator/sample_program.h"
 #include "tests/support/window_rig.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QCheckBox>
+#include <QFileInfo>
 #include <QGroupBox>
 
 #include <gtest/gtest.h>
+
+#include <vector>
 
 using namespace tambrix;
 
@@ -48,6 +58,7 @@ struct WholeProgram
     QFont m_font;
     RecentSpeed m_recent;
     WindowRig rig;
+    LineRecorder recorder{rig.clock};
 
     explicit WholeProgram(double fontFactor = 1)
         : m_font(QApplication::font()),
@@ -117,6 +128,25 @@ std::vector<std::unique_ptr<QWidget>> dialogs(ProgramState& state)
     return all;
 }
 
+/// Those that need more than the shared state as well.
+std::vector<std::unique_ptr<QWidget>> everyDialog(WindowRig& rig, LineRecorder& recorder)
+{
+    ProgramState& state = rig.state;
+    auto all = dialogs(state);
+    all.push_back(std::make_unique<CompareWindow>(state));
+    all.push_back(std::make_unique<DailyBackupDialog>(QTime(3, 30)));
+    all.push_back(std::make_unique<ConnectionDialog>(
+        state, ConnectionChoice{rig.folder.filePath("Connection.ini"), "tcp://press3:4001", {}},
+        nullptr, [] { return std::vector<MachinePort>(); }));
+    all.push_back(std::make_unique<LineCheckDialog>([] { return LineFinding{}; }));
+    all.push_back(
+        std::make_unique<LineMonitor>(recorder, rig.clock, rig.person, rig.folder.path()));
+    auto board = std::make_unique<TargetBoardWindow>(state);
+    board->InitializeForm({});
+    all.push_back(std::move(board));
+    return all;
+}
+
 void expectWhole(const QWidget& window, const std::string& when)
 {
     const QStringList cut = cutTexts(window);
@@ -145,7 +175,8 @@ void expectSpoken(const QWidget& window)
             EXPECT_TRUE(name.contains(label->text())) << what << ": " << name.toStdString();
         }
         if (picture) {
-            EXPECT_FALSE(spoken(*control, QAccessible::Value).isEmpty()) << what;
+            const QString said = spoken(*control, QAccessible::Value);
+            EXPECT_TRUE(!said.isEmpty() && name.endsWith(": " + said)) << what;
         }
         if (picture || control->focusPolicy() != Qt::NoFocus) {
             EXPECT_FALSE(name.isEmpty()) << control->metaObject()->className() << ' ' << what;
@@ -179,7 +210,7 @@ TEST_P(Windows, ShowEveryScreenWholeAtEverySizeAndAgain)
 
 TEST_P(Windows, ShowEveryDialogWholeAndAgain)
 {
-    for (const auto& dialog : dialogs(rig.state)) {
+    for (const auto& dialog : everyDialog(rig, recorder)) {
         for (int round = 0; round < 2; ++round) {
             dialog->show();
             PressRig::turns(5);
@@ -220,6 +251,55 @@ TEST_P(Windows, SayInPicturesWhatTheTextsBesideThemSay)
     EXPECT_EQ(picture("picAlarm"), "Off line: alarms are not known");
 }
 
+/// While values are moved: what the window says must fit it from the first turn on.
+TEST_P(Windows, ShowWhatIsUnderWayWhole)
+{
+    rig.window->goOnline();
+    rig.board.press().stop();
+    const auto expectGood = [](const QWidget& dialog) {
+        expectWhole(dialog, dialog.metaObject()->className());
+        expectSpoken(dialog);
+    };
+    {
+        ProcessingDialog upload(rig.state, transferPlan(transfer_code::kLabelData, {0, 99, false}));
+        upload.show();
+        PressRig::turns(20);
+        ASSERT_TRUE(upload.isVisible());
+        expectGood(upload);
+        BackupDialog backup(rig.state);
+        backup.show();
+        PressRig::turns(20);
+        ASSERT_TRUE(backup.isVisible());
+        expectGood(backup);
+    }
+    const std::filesystem::path folder = QFileInfo(rig.folder.path()).filesystemAbsoluteFilePath();
+    rig.state.gLink.DownloadFile(writeSampleProgram({}, folder, "ink"));
+    ProgramDownloadWindow download(rig.state);
+    int boxes = 0;
+    rig.person.answers = {BoxAnswer::Yes};
+    rig.person.whileShown = [&] {
+        ++boxes;
+        expectGood(download);
+    };
+    download.show();
+    EXPECT_TRUE(PressRig::eventually([&] { return !download.isVisible(); }));
+    EXPECT_EQ(boxes, 2) << "the question, and how it ended";
+}
+
+/// A number field tells its number and limits, not only its text.
+TEST(WholeProgramTest, TellsNumbersToScreenReaders)
+{
+    WholeProgram program;
+    program.rig.window->goOnline();
+    program.show(1, {1280, 720});
+    auto& field = program.rig.control<QAbstractSpinBox>("txtSetup(0)");
+    auto* tool = QAccessible::queryAccessibleInterface(&field);
+    ASSERT_TRUE(tool->valueInterface() && tool->textInterface());
+    EXPECT_EQ(tool->valueInterface()->currentValue(), 500);
+    EXPECT_EQ(tool->valueInterface()->maximumValue(), 650);
+    EXPECT_EQ(tool->textInterface()->text(0, 3), "500");
+}
+
 /// A finger needs 10 mm.
 TEST(WholeProgramTest, IsMadeForFingersWithLargeControls)
 {
@@ -240,7 +320,7 @@ TEST(WholeProgramTest, IsMadeForFingersWithLargeControls)
         expectLarge(*program.rig.window);
         expectWhole(*program.rig.window, "large, screen " + std::to_string(index));
     }
-    for (const auto& dialog : dialogs(program.rig.state)) {
+    for (const auto& dialog : everyDialog(program.rig, program.recorder)) {
         dialog->show();
         expectLarge(*dialog);
         expectWhole(*dialog, dialog->metaObject()->className());

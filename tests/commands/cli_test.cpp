@@ -3,7 +3,9 @@
 
 #include "data/label_names.h"
 #include "data/setup_file.h"
+#include "simulator/sample_program.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -48,13 +50,18 @@ struct CommandRig
 
     void start(QProcess& process, QStringList arguments) const
     {
+        prepare(process);
+        process.start(TAMBRIX_CLI, arguments);
+    }
+
+    void prepare(QProcess& process) const
+    {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("XDG_CONFIG_HOME", folder.path());
         environment.insert("TAMBRIX_SERIAL_DEVICE", device);
         environment.insert("TAMBRIX_PROGRAM_FOLDER", folder.path());
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(folder.path());
-        process.start(TAMBRIX_CLI, arguments);
     }
 
     static Ended finished(QProcess& process)
@@ -68,6 +75,15 @@ struct CommandRig
     {
         QProcess process;
         start(process, QProcess::splitCommand(line));
+        return finished(process);
+    }
+
+    /// The same where no file can grow beyond 4 KiB, as on a full disk.
+    Ended runOnFullDisk(const QString& line) const
+    {
+        QProcess process;
+        prepare(process);
+        process.start("sh", {"-c", "trap '' XFSZ; ulimit -f 8; exec \"$0\" " + line, TAMBRIX_CLI});
         return finished(process);
     }
 
@@ -250,7 +266,83 @@ TEST(Cli, InterruptedBetweenTwoValues)
     EXPECT_EQ(rig.run("read W690").code, 0) << "the board has left its mode";
 }
 
-// Waits for a dead line: several seconds each.
+TEST(Cli, InterruptedBetweenTwoWrites)
+{
+    CommandRig rig({"--unpaced", "--manual"});
+    ASSERT_EQ(rig.run("upload a.sdt").code, 0);
+    SetupDataRecord changed = rig.load("a.sdt");
+    Ended run;
+    for (int tries = 0; run.code != 6 && tries < 5; ++tries) { // until it comes in between
+        for (std::size_t i = 14; i < changed.Value.size(); ++i)
+            changed.Value[i] = (i - 14) % 16 < 8 ? 10 + tries : 100 + tries; // ON, CYCLE
+        rig.save("b.sdt", changed);
+        QFile::remove(rig.file("before.sdt"));
+        QProcess download;
+        rig.start(download, {"download", "b.sdt", "--backup", "before.sdt", "--group", "labels"});
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(rig.file("before.sdt")); }, 20'000));
+        download.terminate();
+        run = CommandRig::finished(download);
+    }
+    EXPECT_EQ(run.code, 6);
+    EXPECT_TRUE(run.err.contains("values written and verified")) << run.err.toStdString();
+    EXPECT_EQ(rig.run("compare b.sdt").code, 1) << "the board has left its mode, and has a part";
+}
+
+TEST(Cli, FullDiskLeavesFileAndPressAsTheyWere)
+{
+    const CommandRig rig({"--unpaced", "--manual"});
+    ASSERT_EQ(rig.run("upload a.sdt").code, 0);
+    SetupDataRecord changed = rig.load("a.sdt");
+    changed.Value[kMaximumCycle] = 490;
+    rig.save("b.sdt", changed);
+    for (const char* line : {"upload b.sdt", "download b.sdt", "download b.sdt --backup a.sdt",
+                             "convert b.sdt a.csv"}) {
+        const Ended run = rig.runOnFullDisk(line);
+        EXPECT_EQ(run.code, 5) << line << run.err.toStdString();
+        EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
+    }
+    EXPECT_EQ(rig.load("b.sdt").Value[kMaximumCycle], 490);
+    EXPECT_EQ(rig.run("compare a.sdt").code, 0) << "the press holds what it held";
+    EXPECT_FALSE(QFile::exists(rig.file("a.csv")));
+}
+
+TEST(Cli, SetsTheClock)
+{
+    const CommandRig rig;
+    const QDateTime before = QDateTime::currentDateTime().addSecs(-2);
+    const Ended run = rig.run("clock --set --while-running --json");
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    const QString told =
+        QJsonDocument::fromJson(run.out.toUtf8()).object().value("time").toString();
+    const QDateTime board = QDateTime::fromString(told, "yyyy-MM-dd HH:mm:ss");
+    EXPECT_TRUE(board >= before && board <= QDateTime::currentDateTime().addSecs(2))
+        << told.toStdString();
+}
+
+// The board takes 2 s to start a program; others wait for a dead line.
+TEST(CliSlow, LoadsAProgramOnlyWhenToldTo)
+{
+    const CommandRig rig;
+    writeSampleProgram({}, rig.folder.path().toStdString(), "ink");
+    struct Case
+    {
+        const char* options;
+        int code;
+        const char* text;
+    };
+    const Case cases[] = {{"--yes", 7, "the machine runs"},
+                          {"--while-running", 7, "give --yes"},
+                          {"--while-running --yes", 0, "Complete"}};
+    for (const Case& c : cases) {
+        const Ended run = rig.run(QString("program ink.fnx ") + c.options);
+        EXPECT_EQ(run.code, c.code) << c.options;
+        EXPECT_TRUE(run.err.contains(c.text)) << run.err.toStdString();
+    }
+    const CommandRig garbled({"--unpaced", "--garble-record", "2"});
+    writeSampleProgram({}, garbled.folder.path().toStdString(), "ink");
+    EXPECT_EQ(garbled.run("program ink.fnx --yes --while-running").code, 4);
+}
+
 TEST(CliSlow, CablePulledInTheMiddle)
 {
     CommandRig rig({"--baud", "9600", "--unplug-after", "1"});

@@ -56,6 +56,15 @@ QString read(const QByteArray& text, LineTrace& trace)
 
 } // namespace
 
+TEST(LineTraceTest, KnowsTheModeThatTheBoardHasBeenInForLong)
+{
+    TraceRig rig;
+    for (std::size_t i = 0; i < LineRecorder::kAlways; ++i)
+        rig.link.RSRead("W690");
+    const std::string told = story(rig.recorder.trace());
+    EXPECT_TRUE(told.ends_with("read W690 = 1830; read W690 = 1830; ")) << told.substr(0, 80);
+}
+
 TEST(LineTraceTest, TellsASessionAndKeepsThePasscodeToItself)
 {
     TraceRig rig;
@@ -191,7 +200,7 @@ TEST(LineTraceTest, FiguresTellASlowLine)
     EXPECT_EQ(lineFigures(trace, 9600).answered, 0u);
     Duration now{};
     for (int i = 0; i < 200; ++i, now += 4ms)
-        trace.add({now, i < 100 ? 2ms : i < 190 ? 3ms : 4ms, 0, 0, 0});
+        trace.add({now, i < 100 ? 2ms : i < 190 ? 3ms : 4ms, 0, 0});
     const LineFigures wire = lineFigures(trace, 9600);
     EXPECT_EQ(wire.shortest, Duration(2ms));
     EXPECT_EQ(wire.median, Duration(3ms));
@@ -201,7 +210,7 @@ TEST(LineTraceTest, FiguresTellASlowLine)
     EXPECT_EQ(slowAdvice(wire, 9600), "");
     EXPECT_NE(slowAdvice(wire, 19200), "");
     now += 60s; // what is older says nothing any more
-    trace.add({now, 16ms, 0, 0, 0});
+    trace.add({now, 16ms, 0, 0});
     EXPECT_EQ(lineFigures(trace, 9600).answered, 1u);
     EXPECT_TRUE(slowAdvice(lineFigures(trace, 9600), 9600).contains("latency timer"));
 }

@@ -161,6 +161,13 @@ TEST(CompareWindow, CancelledOrBrokenOffItListsWhatIsKnownAndRetryGoesOn)
     EXPECT_TRUE(rig.window->session().comparison());
     EXPECT_EQ(rig.board.peek(3282), 0);
     EXPECT_EQ(rig.board.peekWord(3294), 200);
+    rig.line.unplug();
+    rig.compare();
+    EXPECT_FALSE(rig.state.gLink.OnlineMode) << "the window below must not say ONLINE";
+    rig.line.plugIn();
+    rig.person.answers = {BoxAnswer::Yes}; // switch to on line
+    rig.compare();
+    EXPECT_TRUE(rig.summary().contains("differ")) << rig.summary().toStdString();
 }
 
 TEST(CompareWindow, EscapeCancelsWhatRunsAndClosesOnlyThen)

@@ -1,4 +1,6 @@
 #include "reports/report_content.h"
+
+#include "reports/board_sheet.h"
 #include "tests/support/press_rig.h"
 
 #include <QTemporaryFile>
@@ -124,4 +126,36 @@ TEST(ReportContent, SaysOnLineThatItShowsTheDataSetAndAsOfWhen)
     rig.state.gUploadNOW = kNoon;
     EXPECT_TRUE(
         rig.notes().contains("as of " + QLocale().toString(kNoon, QLocale::ShortFormat) + ". "));
+}
+
+TEST(BoardSheet, ShowsWhatASetUpFileDoesNotHold)
+{
+    PressRig rig;
+    rig.board.poke(63, 4);
+    rig.board.poke(8180, 7);
+    EXPECT_FALSE(boardSheet(rig.state, kNoon)) << "off line";
+    rig.goOnline();
+    const auto facts = [&] {
+        QStringList read;
+        const auto sheet = boardSheet(rig.state, kNoon);
+        for (const ReportTable& table : sheet.value_or(Report{}).tables) {
+            for (const ReportBlock& block : table.blocks)
+                read += block.rows.front().join(u'|');
+        }
+        return read;
+    };
+    const QStringList plain = facts();
+    for (const char* fact : {"Station Number|B63|4|", "Network Address 1|B8180|7|"})
+        EXPECT_TRUE(plain.contains(fact)) << fact << plain.join('\n').toStdString();
+
+    QFile program(rig.folder.filePath("pls.fnx"));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    program.write("E,pls\r\n"); // type 69, with a limit switch
+    program.close();
+    rig.state.gProgramFilePath = program.fileName();
+    rig.board.limitSwitch().configuration.fill(7);
+    EXPECT_EQ(facts().size(), plain.size() + 5) << "scale, offset and three rows of set-up";
+    EXPECT_TRUE(facts().back().endsWith("7 7 7 7 7 7 7 7|")) << facts().back().toStdString();
+    rig.line.unplug();
+    EXPECT_FALSE(boardSheet(rig.state, kNoon));
 }

@@ -1,6 +1,16 @@
+#include "commands/command.h"
+#include "commands/failure.h"
 #include "data/bulk_transfer.h"
+#include "data/comparison.h"
+#include "data/setup_file.h"
+#include "data/version.h"
+#include "link/register_value.h"
+#include "shell/reconnect.h"
 #include "simulator/sample_program.h"
+#include "tests/support/scripted_prompts.h"
 #include "tests/sweep/scenario.h"
+
+#include <QDir>
 
 #include <algorithm>
 
@@ -63,9 +73,7 @@ Claim loadProgram(LinkRig& rig)
     rig.link.DownloadFile(writeSampleProgram(program, rig.folder.path(), "ink"));
     rig.person.answers = {BoxAnswer::Yes};
     rig.link.DumpProgram();
-    return {!rig.person.boxes.empty() &&
-                rig.person.boxes.back().text == "Program Download Complete!",
-            {}};
+    return {rig.link.programLoaded(), {}};
 }
 
 Claim switchValue(const std::string& text)
@@ -106,6 +114,143 @@ Claim reopen(LinkRig& rig)
     rig.link.CloseRSComm();
     rig.open();
     return {rig.link.OnlineMode, {}};
+}
+
+/// Writes `rows` as the window does, and says what it found.
+Claim restore(LinkRig& rig, std::vector<RestoreRow> rows)
+{
+    Restore writing(rig.link, std::move(rows));
+    for (int steps = 0; !writing.ended() && steps < 10'000; ++steps)
+        writing.step();
+    Claim claim{writing.ended() && !rig.link.CommError, {}};
+    for (const RestoreRow& row : writing.rows()) {
+        if (row.state == WriteState::Verified)
+            claim.verified.emplace_back(row.address, row.value);
+        else
+            claim.done = false;
+    }
+    return claim;
+}
+
+Claim restoreFew(LinkRig& rig)
+{
+    return restore(rig, {{"W690", 510, WriteState::NotWritten, 0},
+                         {"B692", 180, WriteState::NotWritten, 0},
+                         {"B694", 3, WriteState::NotWritten, 0},
+                         {"B3250", 44, WriteState::NotWritten, 0},
+                         {"W3260", 0x0203, WriteState::NotWritten, 0}});
+}
+
+/// What a press should hold, against what the board holds: a few values differ.
+SetupDataRecord wantedData(const LinkRig& rig)
+{
+    SetupDataRecord data = defaultSetupData("1.0.0");
+    for (std::size_t i = 0; i < data.Address.size(); ++i) {
+        RegisterAddress place;
+        ParseAddress(data.Address[i], place);
+        ValueBytes bytes{};
+        for (int byte = 0; byte < registerWidth(place.RegLetter); ++byte)
+            bytes[static_cast<std::size_t>(byte)] =
+                rig.board.peek(static_cast<std::uint16_t>(place.RegAddress + byte));
+        data.Value[i] = static_cast<std::int32_t>(composeValue(place, bytes));
+    }
+    data.Value[kSetupSlot] = 510;
+    data.Value[labelBase(5)] = 44;
+    data.Value[labelBase(5) + kDuctors] = 300;
+    return data;
+}
+
+Claim compareAndRestore(LinkRig& rig)
+{
+    const SetupDataRecord wanted = wantedData(rig);
+    ControllerReading reading(rig.link, &wanted);
+    for (int steps = 0; !reading.ended() && steps < 10'000; ++steps)
+        reading.step();
+    if (reading.failed())
+        return {};
+    Comparison comparison(wanted, reading.data(), reading.running());
+    comparison.tickOrdinary();
+    return restore(rig, comparison.tickedRows());
+}
+
+struct PortThere : PortSearch
+{
+    void remember() override {}
+    bool present() override { return true; }
+};
+
+/// The cable comes off and is put back; one attention byte finds the board again.
+Claim reconnect(LinkRig& rig)
+{
+    using namespace std::chrono_literals;
+    rig.link.CloseRSComm();
+    ScriptedPrompts person;
+    ProgramState state{QDir(QString::fromStdString(rig.folder.path().string())), rig.port,
+                       rig.clock, person};
+    PortThere search;
+    Reconnect back{state,
+                   rig.port,
+                   rig.clock,
+                   search,
+                   {[] { return true; }, [&] { state.setOnline(true); }, [] {}}};
+    back.setEnabled(true);
+    state.setOnline(true);
+    rig.line.unplug();
+    back.boardLost();
+    state.dropOffline();
+    back.boxAnswered(BoxAnswer::Cancel);
+    state.ApplyOnlineMode();
+    rig.line.plugIn();
+    for (int ticks = 0; ticks < 200 && !state.canReachBoard(); ++ticks) {
+        rig.clock.pause(50ms);
+        back.tick();
+    }
+    Claim claim{state.canReachBoard(), {}};
+    claim.values = state.gLink.RSRead("W690");
+    claim.done = claim.done && state.gLink.readSucceeded();
+    state.gLink.CloseRSComm();
+    return claim;
+}
+
+/// A whole command of tambrix-cli on the rig's line.
+Claim command(LinkRig& rig, const QString& name, const QStringList& arguments,
+              std::vector<std::pair<std::string, std::int32_t>> wanted)
+{
+    rig.link.CloseRSComm();
+    const auto& table = commandTable();
+    const auto found = std::ranges::find(table, name, &Command::name);
+    QCommandLineParser parser;
+    parser.addOptions(found->options);
+    parser.parse(QStringList{name} + arguments);
+    Console console(true, false);
+    console.setSilent();
+    CommonOptions options;
+    options.programFolder = QString::fromStdString(rig.folder.path().string());
+    options.line.emplace(rig.port, rig.clock);
+    Claim claim;
+    try {
+        claim.done =
+            found->run({parser, parser.positionalArguments(), options, console}) == ExitCode::Done;
+    } catch (const Failure&) {
+        claim.done = false;
+    }
+    if (claim.done)
+        claim.verified = std::move(wanted);
+    return claim;
+}
+
+Claim commandWrite(LinkRig& rig)
+{
+    return command(rig, "write", {"W690=510", "B692=180"}, {{"W690", 510}, {"B692", 180}});
+}
+
+Claim commandDownload(LinkRig& rig)
+{
+    SetupDataRecord wanted = wantedData(rig);
+    wanted.Version = kFileVersion;
+    const auto file = rig.folder.write("in.sdt", setupFileBytes(wanted));
+    return command(rig, "download", {QString::fromStdString(file.string()), "--no-backup"},
+                   {{"W690", 510}, {"B3250", 44}, {"W3260", 300}});
 }
 
 using Run = std::function<Claim(LinkRig&)>;
@@ -158,6 +303,11 @@ const std::vector<Scenario>& scenarios()
                                       "B8177", "B8178", "B8180"})},
         {"network address", writes({{"B8180", "9"}, {"B8191", "9"}})},
         {"program download", loadProgram},
+        {"restore and verify", restoreFew},
+        {"compare and restore", compareAndRestore, 211},
+        {"reconnect", reconnect},
+        {"tambrix-cli write", commandWrite},
+        {"tambrix-cli download", commandDownload, 211},
         {"limit switch: scale",
          [](LinkRig& rig) { return switchValue(rig.link.PLSScaleFactor()); }},
         {"limit switch: offset", [](LinkRig& rig) { return switchValue(rig.link.PLSOffset()); }},
