@@ -184,16 +184,18 @@ QWidget& DemoStage::frontWindow() const
     if (QWidget* modal = QApplication::activeModalWidget())
         return *modal;
     const auto windows = QApplication::topLevelWidgets();
-    const auto other = std::ranges::find_if(windows, [this](const QWidget* window) {
-        const bool isWindow =
-            window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
-        return window != &m_window && window->isVisible() && isWindow;
-    });
+    const auto shown = [&windows](auto wanted) {
+        return std::ranges::find_if(windows, [&wanted](const QWidget* window) {
+            const bool isWindow =
+                window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
+            return isWindow && window->isVisible() && wanted(*window);
+        });
+    };
+    const auto other = shown([this](const QWidget& window) { return &window != &m_window; });
     if (other == windows.end())
         return m_window;
-    const auto above = std::ranges::find_if(windows, [other](const QWidget* window) {
-        return window->isVisible() && window->parentWidget() == *other;
-    });
+    const auto above =
+        shown([other](const QWidget& window) { return window.parentWidget() == *other; });
     return above == windows.end() ? **other : **above;
 }
 

@@ -151,7 +151,7 @@ QHBoxLayout* HistoryWindow::makeButtons()
     auto* row = new QHBoxLayout;
     addButton(*row, "cmdExportCsv", "&Export CSV...", [this] { exportCsv(); });
     addButton(*row, "cmdPrint", "&Print...", [this] { print(); });
-    addButton(*row, "cmdSavePdf", "Save PD&F...", [this] { savePdf(); });
+    addButton(*row, "cmdSavePdf", "Sa&ve PDF...", [this] { savePdf(); });
     addButton(*row, "cmdCopyPicture", "&Copy Picture", [this] { copyPicture(); });
     row->addStretch();
     addButton(*row, "cmdClose", "Close", [this] { close(); });
