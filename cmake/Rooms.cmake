@@ -16,7 +16,11 @@ if(MSVC)
   target_compile_options(tambrix_warnings INTERFACE /W4 /permissive- /utf-8)
 else()
   target_compile_options(tambrix_warnings INTERFACE
-    -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+    -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wredundant-decls)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(tambrix_warnings INTERFACE -Wsuggest-override -Wlogical-op)
+  endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 takes the standard library's own "literal" + string for overlapping copies at -O3.
     target_compile_options(tambrix_warnings INTERFACE -Wno-restrict)
