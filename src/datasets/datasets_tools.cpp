@@ -4,20 +4,14 @@
 #include "datasets/backup_dialog.h"
 #include "datasets/compare_window.h"
 #include "datasets/daily_backup_dialog.h"
+#include "shell/news_line.h"
 #include "shell/toolbar.h"
 #include "shell/tools_menu.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QStatusBar>
 
 namespace tambrix {
-
-namespace {
-
-constexpr int kTipTime = 15'000; // ms
-
-} // namespace
 
 DatasetsTools::DatasetsTools(ProgramState& state, MainWindow& window)
     : QObject(&window), m_state(state), m_window(window), m_daily(state)
@@ -55,8 +49,8 @@ DatasetsTools::DatasetsTools(ProgramState& state, MainWindow& window)
          }});
     menu.addSeparator();
     addUndo();
-    connect(&m_daily, &DailyBackup::told, &window,
-            [&window](const QString& line) { window.statusBar()->showMessage(line, kTipTime); });
+    auto* news = new NewsLine(window, QStringLiteral("DailyBackup"));
+    connect(&m_daily, &DailyBackup::told, news, &NewsLine::tell);
 }
 
 /// Undo and redo of what was changed in the working data, with what it was in their captions.

@@ -81,6 +81,12 @@ void HistoryPlots::makeRects()
     m_plot->plotLayout()->setColumnStretchFactor(0, 1);
     m_plot->plotLayout()->setColumnStretchFactor(1, 9);
     m_plot->plotLayout()->setRowSpacing(2);
+    makeValueAxes();
+}
+
+/// Alarms have a row for each ductor, the bands need no numbers.
+void HistoryPlots::makeValueAxes()
+{
     QCPAxis* alarms = m_rects[Alarms]->axis(QCPAxis::atLeft);
     alarms->setRange(0.5, kDuctors + 0.5);
     alarms->setRangeReversed(true);

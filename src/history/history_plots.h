@@ -55,6 +55,7 @@ private:
     enum Row { Speed, Cycles, Alarms, Bands, Rows };
 
     void makeRects();
+    void makeValueAxes();
     void makeGraphs();
     void makeCrosshair();
     void makeTitles();

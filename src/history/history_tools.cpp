@@ -1,20 +1,18 @@
 #include "history/history_tools.h"
 
-#include "controls/picture.h"
 #include "history/history_window.h"
+#include "shell/news_line.h"
 #include "shell/toolbar.h"
 #include "shell/tools_menu.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QSettings>
-#include <QToolBar>
 
 namespace tambrix {
 
 namespace {
 
-constexpr int kMargin = 4; // px
 const QString kUnseenKey = QStringLiteral("RecordWhatIsNotShown");
 
 /// The simulated press has a history of its own.
@@ -36,7 +34,8 @@ HistoryTools::HistoryTools(ProgramState& state, MainWindow& window, const Clock&
     m_recorder.setParent(this); // found among the window's own
     m_recorder.setWriter([this] { return writer(); });
     m_state.recentSpeed = &m_recorder.recentSpeed();
-    addNews();
+    auto* news = new NewsLine(window, QStringLiteral("History"));
+    connect(&m_recorder, &HistoryRecorder::told, news, &NewsLine::tell);
     const QVariant seconds = QSettings(settings(), QSettings::IniFormat).value(kUnseenKey);
     if (seconds.isValid())
         m_unseen.setInterval(seconds.toInt());
@@ -49,28 +48,6 @@ HistoryTools::HistoryTools(ProgramState& state, MainWindow& window, const Clock&
 HistoryTools::~HistoryTools()
 {
     m_state.recentSpeed = nullptr;
-}
-
-/// A line at the bottom of the window, which stays until the user has seen it: the status bar is
-/// full of the system's own panels.
-void HistoryTools::addNews()
-{
-    auto* bar = new QToolBar(&m_window);
-    bar->setObjectName(QStringLiteral("barHistory"));
-    bar->setMovable(false);
-    bar->toggleViewAction()->setVisible(false);
-    auto* text = new QLabel;
-    text->setObjectName(QStringLiteral("lblHistoryNews"));
-    text->setMargin(kMargin);
-    bar->addWidget(text);
-    bar->addAction(QStringLiteral("Seen"), bar, &QToolBar::hide);
-    m_window.addToolBar(Qt::BottomToolBarArea, bar);
-    bar->hide();
-    connect(&m_recorder, &HistoryRecorder::told, text, [bar, text](const QString& news) {
-        text->setText(news);
-        bar->show();
-        announce(*text);
-    });
 }
 
 /// The window in front of all others, or else the screen.

@@ -18,7 +18,6 @@ public:
     HistoryRecorder& recorder() { return m_recorder; }
 
 private:
-    void addNews();
     QString writer() const;
     QString settings() const;
     bool mayRead() const;

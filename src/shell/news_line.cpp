@@ -1,0 +1,37 @@
+#include "shell/news_line.h"
+
+#include "controls/picture.h"
+
+#include <QLabel>
+#include <QMainWindow>
+
+namespace tambrix {
+
+namespace {
+
+constexpr int kMargin = 4; // px
+
+} // namespace
+
+NewsLine::NewsLine(QMainWindow& window, const QString& topic)
+    : QToolBar(&window), m_text(new QLabel)
+{
+    setObjectName(QStringLiteral("bar") + topic);
+    setMovable(false);
+    toggleViewAction()->setVisible(false);
+    m_text->setObjectName(QStringLiteral("lbl%1News").arg(topic));
+    m_text->setMargin(kMargin);
+    addWidget(m_text);
+    addAction(QStringLiteral("Seen"), this, &QToolBar::hide);
+    window.addToolBar(Qt::BottomToolBarArea, this);
+    hide();
+}
+
+void NewsLine::tell(const QString& news)
+{
+    m_text->setText(news);
+    show();
+    announce(*m_text);
+}
+
+} // namespace tambrix
