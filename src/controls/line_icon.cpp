@@ -27,7 +27,7 @@ constexpr qreal kLineWidth = 1.75;
 class LineEngine : public QIconEngine
 {
 public:
-    explicit LineEngine(QPainterPath lines) : m_lines(std::move(lines)) {}
+    explicit LineEngine(const QPainterPath& lines) : m_lines(lines) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {

@@ -270,6 +270,14 @@ Run moves(int code)
     return [=](LinkRig& rig) { return transfer(rig, code); };
 }
 
+/// A value is changed on a screen, which then shows the registers anew.
+Claim edit(LinkRig& rig)
+{
+    const Claim claim = writeAll(rig, {{"W690", "1200"}});
+    const Claim shown = readAll(rig, {"W690", "B692", "B65"});
+    return {claim.done && shown.done, shown.values};
+}
+
 /// A call that says whether it has done all.
 Run does(const std::function<bool(RSComm&)>& call)
 {
@@ -287,12 +295,7 @@ const std::vector<Scenario>& scenarios()
         {"writes of every width",
          writes({{"B692", "77"}, {"W690", "4660"}, {"D940", "123456789"}})},
         {"bits", writes({{"F119", "0"}, {"B61.2", "1"}})},
-        {"on-line edit",
-         [](LinkRig& rig) {
-             Claim claim = writeAll(rig, {{"W690", "1200"}});
-             const Claim shown = readAll(rig, {"W690", "B692", "B65"});
-             return Claim{claim.done && shown.done, shown.values};
-         }},
+        {"on-line edit", edit},
         {"label load", loadLabel},
         {"label upload", moves(kLabelData)},
         {"label download", moves(kLabelData + kDownload)},
