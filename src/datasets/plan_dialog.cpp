@@ -134,7 +134,7 @@ void PlanDialog::showNothing(const QString& reason)
     m_lblPlan->setText(reason);
 }
 
-ScaleDialog::ScaleDialog(const SetupDataRecord& record, std::vector<int> labels,
+ScaleDialog::ScaleDialog(const SetupDataRecord& record, const std::vector<int>& labels,
                          const DuctorSet& ductors, QWidget* parent)
     : PlanDialog(QStringLiteral("Scale ON Durations"), QStringLiteral("The limits cut %1:"),
                  parent),

@@ -47,8 +47,8 @@ class ScaleDialog : public PlanDialog
     Q_OBJECT
 
 public:
-    ScaleDialog(const SetupDataRecord& record, std::vector<int> labels, const DuctorSet& ductors,
-                QWidget* parent);
+    ScaleDialog(const SetupDataRecord& record, const std::vector<int>& labels,
+                const DuctorSet& ductors, QWidget* parent);
 
 private:
     void reckon();
