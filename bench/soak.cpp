@@ -1,4 +1,4 @@
-// A long day on line with a fault of the line every minute: nothing may grow, leak or slow down.
+// A long day on line with a fault of the line every minute: nothing may grow or leak.
 //   tambrix_soak [--hours N]     N simulated hours on a clock that only waits move (24)
 //   tambrix_soak --real HOURS    the same in real time, at the wire's own pace
 

@@ -9,7 +9,6 @@
 #include <QPalette>
 #include <QPen>
 
-
 /// A static library's resources must be asked for, outside every namespace.
 void loadIcons()
 {

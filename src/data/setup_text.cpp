@@ -20,7 +20,8 @@ const QString kFormat = QStringLiteral("TAMBRIX data set");
 constexpr int kFormatVersion = 1;
 constexpr std::size_t kEntries = gDataUpperBound + 1;
 constexpr std::size_t kHeadRows = 2;
-constexpr std::size_t kColumns = 6; // entry, name, register, unit, value, label name
+constexpr std::size_t kHeadFields = 3; // format, number, version
+constexpr std::size_t kColumns = 6;    // entry, name, register, unit, value, label name
 constexpr qsizetype kLongestText = 1 << 20;
 
 const QStringList kCaptions = {QStringLiteral("Entry"),    QStringLiteral("Name"),
@@ -54,9 +55,21 @@ int labelBeginning(std::size_t entry)
     return label >= 0 && labelBase(label) == slot ? label : -1;
 }
 
+/// Spreadsheets fill the short first row with empty fields, and leave out the label name at a row's
+/// end where it is empty.
+void undoSpreadsheet(std::vector<CsvRow>& rows)
+{
+    while (!rows.empty() && rows[0].size() > kHeadFields && rows[0].back().text.isEmpty())
+        rows[0].pop_back();
+    for (std::size_t i = kHeadRows; i < rows.size(); ++i) {
+        if (rows[i].size() + 1 == kColumns)
+            rows[i].push_back({{}, rows[i].back().line, rows[i].back().column});
+    }
+}
+
 std::optional<TextFault> checkHead(const std::vector<CsvRow>& rows)
 {
-    if (rows.empty() || rows[0].size() != 3 || rows[0][0].text != kFormat)
+    if (rows.empty() || rows[0].size() != kHeadFields || rows[0][0].text != kFormat)
         return TextFault{1, 1, QStringLiteral("no data set of this program")};
     if (rows[0][1].text != QString::number(kFormatVersion))
         return rows[0][1].fault(QStringLiteral("a format that this program does not know"));
@@ -141,7 +154,8 @@ bool isWholeNumber(const QJsonValue& value)
 {
     const double number = value.toDouble(0.5);
     return value.isDouble() && std::floor(number) == number &&
-           std::abs(number) <= std::numeric_limits<std::int32_t>::max();
+           number >= std::numeric_limits<std::int32_t>::min() &&
+           number <= std::numeric_limits<std::int32_t>::max();
 }
 
 } // namespace
@@ -167,7 +181,8 @@ std::variant<NamedSetup, TextFault> readSetupCsv(const QByteArray& text)
     auto parsed = readCsv(text, kEntries + kHeadRows);
     if (const auto* fault = std::get_if<TextFault>(&parsed))
         return *fault;
-    const auto& rows = std::get<std::vector<CsvRow>>(parsed);
+    auto& rows = std::get<std::vector<CsvRow>>(parsed);
+    undoSpreadsheet(rows);
     if (const auto fault = checkHead(rows))
         return *fault;
     NamedSetup setup = emptySetup(rows[0][2].text);

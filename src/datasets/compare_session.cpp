@@ -57,7 +57,7 @@ void CompareSession::compare()
 {
     if (running())
         return;
-    m_tickOnly.clear();
+    m_tickOnly.reset();
     m_loop.start(compareTask());
 }
 
@@ -126,10 +126,10 @@ void CompareSession::showComparison(const SetupDataRecord& from, const SetupData
     m_rows.clear();
     m_comparison = std::make_unique<Comparison>(
         from, to, m_reading ? m_reading->running() : std::optional<RunningValues>());
-    if (m_tickOnly.empty())
+    if (!m_tickOnly)
         m_comparison->tickOrdinary();
     else
-        m_comparison->tickOnly(m_tickOnly);
+        m_comparison->tickOnly(*m_tickOnly);
     emit compared();
 }
 

@@ -81,7 +81,7 @@ private:
     SetupDataRecord m_leftData;
     SetupDataRecord m_rightData;
     QDateTime m_readAt;
-    std::vector<std::string> m_tickOnly; ///< instead of what is ordinary
+    std::optional<std::vector<std::string>> m_tickOnly; ///< none: what is ordinary
     std::unique_ptr<ControllerReading> m_reading;
     std::unique_ptr<Restore> m_restore;
     std::vector<RestoreRow> m_rows; ///< of the last write

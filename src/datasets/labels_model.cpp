@@ -61,7 +61,8 @@ std::vector<int> LabelsModel::writtenColumnsFrom(int column) const
         if (const auto written = writtenColumn(i))
             columns.push_back(*written);
     }
-    for (int i = kDuctors; m_shown == Shown::On && i < kEntriesPerLabel; ++i)
+    const bool whole = m_shown == Shown::On && column <= FirstDuctor; // all 16 of a label
+    for (int i = kDuctors; whole && i < kEntriesPerLabel; ++i)
         columns.push_back(i);
     return columns;
 }

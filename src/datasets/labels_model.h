@@ -45,7 +45,7 @@ public:
     /// The column as `WantedCell` has it; nothing for one that cannot be written as it is shown.
     std::optional<int> writtenColumn(int column) const;
     /// The same, of this column and all that follow when labels are written: behind the last ON
-    /// stands the first CYCLE.
+    /// stands the first CYCLE, where all sixteen values of a label are written.
     std::vector<int> writtenColumnsFrom(int column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -144,6 +144,7 @@ void LabelsWindow::choose(LabelsModel::Shown shown)
 {
     m_shown[static_cast<std::size_t>(shown)]->setChecked(true);
     m_model.show(shown);
+    showState(); // the list of problems must be that of the model
     m_lblNote->setText(note());
 }
 

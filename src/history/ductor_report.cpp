@@ -11,7 +11,7 @@ namespace tambrix {
 
 namespace {
 
-constexpr int kMostChanges = 3000;
+constexpr int kMostChanges = 50'000; // registers: a transfer writes some 1,600 and is one line
 constexpr int kMinutesOfAnHour = 60;
 constexpr double kUsualDifference = 0.03; // of the expected cycles: the speed wanders meanwhile
 
@@ -28,8 +28,11 @@ void compareCycles(HistoryReader& reader, TimeSpan hour, DuctorReport& report)
     double expected = 0;
     int minutes = 0;
     for (const RatePoint& point : data.counted) {
-        double sum = 0;
-        int points = 0;
+        const auto first =
+            std::ranges::lower_bound(data.expected, point.time.begin, {}, &ExpectedPoint::time);
+        const auto held = first == data.expected.begin() ? std::nullopt : std::prev(first)->rate;
+        double sum = held.value_or(0);
+        int points = held ? 1 : 0;
         for (const ExpectedPoint& expectation : data.expected) {
             if (!point.time.contains(expectation.time) || !expectation.rate)
                 continue;
@@ -126,8 +129,9 @@ QStringList findings(const DuctorReport& report)
                                   "may have stood in the ink or away from it.")
                        .arg(report.alarms)
                        .arg(durationText(report.alarmTime));
-    const auto changed = std::ranges::find_if(
-        report.changes, [&](const ChangeLine& line) { return line.ductor == report.ductor; });
+    const auto changed = std::ranges::find_if(report.changes, [&](const ChangeLine& line) {
+        return line.ductor == report.ductor || line.change.isEmpty(); // a transfer may have
+    });
     if (changed != report.changes.end())
         found += QStringLiteral("Changed last: %1 %2 at %3 in %4.")
                      .arg(changed->what, changed->change, localTime(changed->time, report.time),

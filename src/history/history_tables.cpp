@@ -5,6 +5,8 @@
 #include <QStandardItemModel>
 #include <QTableView>
 
+#include <ranges>
+
 namespace tambrix {
 
 namespace {
@@ -34,16 +36,15 @@ HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now)
     HistoryTable table;
     table.captions = {QStringLiteral("Begin"),  QStringLiteral("End"),   QStringLiteral("Duration"),
                       QStringLiteral("Ductor"), QStringLiteral("Label"), QStringLiteral("Speed")};
-    for (auto alarm = alarms.rbegin(); alarm != alarms.rend(); ++alarm) {
-        const QString end = alarm->ended ? localTime(alarm->time.end, now)
-                            : now - alarm->time.end < 5 * kSecond
+    for (const AlarmSpan& alarm : std::views::reverse(alarms)) { // the latest first
+        const QString end = alarm.ended ? localTime(alarm.time.end, now)
+                            : now - alarm.time.end < 5 * kSecond
                                 ? QStringLiteral("still on")
-                                : QStringLiteral("off line ") + localTime(alarm->time.end, now);
-        table.rows.push_back({localTime(alarm->time.begin, now), end,
-                              durationText(alarm->time.length()),
-                              QString::number(alarm->ductor + 1), numberOrUnknown(alarm->label),
-                              numberOrUnknown(alarm->speed)});
-        table.times.push_back(alarm->time.begin);
+                                : QStringLiteral("off line ") + localTime(alarm.time.end, now);
+        table.rows.push_back({localTime(alarm.time.begin, now), end,
+                              durationText(alarm.time.length()), QString::number(alarm.ductor + 1),
+                              numberOrUnknown(alarm.label), numberOrUnknown(alarm.speed)});
+        table.times.push_back(alarm.time.begin);
     }
     return table;
 }

@@ -65,7 +65,20 @@ bool isStoredTwin(const WriteRow& running, const WriteRow& other)
     const Known two = knownOf(other);
     return one.running && !two.running && two.label >= 0 && one.name == two.name &&
            one.ductor == two.ductor && running.after == other.after &&
-           running.screen == other.screen && std::abs(running.time - other.time) <= kTogether;
+           running.confirmed == other.confirmed && running.screen == other.screen &&
+           std::abs(running.time - other.time) <= kTogether;
+}
+
+/// A change as its user saw it: Color Control reads the running register all the time, the stored
+/// one only when it loads the label, so the running one knows what stood there before.
+WriteRow shownOf(const std::vector<WriteRow>& rows, std::size_t at)
+{
+    WriteRow row = rows[at];
+    if (at > 0 && isStoredTwin(rows[at - 1], row))
+        row.before = rows[at - 1].before;
+    else if (at + 1 < rows.size() && isStoredTwin(rows[at + 1], row))
+        row.before = rows[at + 1].before;
+    return row;
 }
 
 bool hasTwin(const std::vector<WriteRow>& rows, std::size_t at)
@@ -149,7 +162,7 @@ std::vector<ChangeLine> changeLines(const std::vector<WriteRow>& rows)
         }
         for (; at < end; ++at) {
             if (!hasTwin(rows, at))
-                lines.push_back(lineOf(rows[at]));
+                lines.push_back(lineOf(shownOf(rows, at)));
         }
     }
     return lines;

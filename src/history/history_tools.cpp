@@ -53,8 +53,10 @@ HistoryTools::~HistoryTools()
 /// The window in front of all others, or else the screen.
 QString HistoryTools::writer() const
 {
-    if (const QWidget* modal = QApplication::activeModalWidget())
-        return modal->windowTitle();
+    if (const QWidget* modal = QApplication::activeModalWidget()) {
+        const auto* transfer = modal->findChild<QLabel*>(QStringLiteral("lblProcessing"));
+        return transfer == nullptr ? modal->windowTitle() : transfer->text();
+    }
     const auto* title = m_window.findChild<QLabel*>(QStringLiteral("lblScreenTitle"));
     return title == nullptr ? QString() : title->text();
 }

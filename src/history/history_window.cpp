@@ -4,6 +4,7 @@
 #include "history/ductor_view.h"
 #include "history/history_plots.h"
 
+#include <QBuffer>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -11,6 +12,7 @@
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -22,7 +24,7 @@ namespace tambrix {
 
 namespace {
 
-constexpr int kMostChanges = 5000;
+constexpr int kMostChanges = 50'000; // registers: a transfer writes some 1,600 and is one line
 constexpr int kPrintScale = 2;
 
 /// An empty table says so.
@@ -71,7 +73,8 @@ void HistoryWindow::showSpan(TimeSpan span)
     m_follow->setChecked(false);
     markSpan(std::nullopt);
     m_span = span;
-    m_reload.start();
+    if (!m_reload.isActive()) // a held key or a drag comes faster than it would end
+        m_reload.start();
 }
 
 /// The span keeps its length and ends now.
@@ -158,13 +161,14 @@ void HistoryWindow::savePdf()
          QStringLiteral("history.pdf"), QStringLiteral("pdf")});
     if (!file)
         return;
-    QPrinter printer;
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(*file);
-    historyDocument(page(), m_plots->picture(kPrintScale))->print(&printer);
-    const bool there = QFileInfo(*file).size() > 0;
-    saved(QStringLiteral("Save PDF"), *file,
-          there ? std::nullopt : std::optional(QStringLiteral("The file could not be made.")));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter pdf(&buffer);
+        historyDocument(page(), m_plots->picture(kPrintScale))->print(&pdf);
+    } // ended: the last bytes are there
+    saved(QStringLiteral("Save PDF"), *file, writeWholeFile(*file, bytes));
 }
 
 void HistoryWindow::print()

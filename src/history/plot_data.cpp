@@ -21,18 +21,42 @@ std::optional<std::int64_t> valueIn(const std::vector<ValueSpan>& spans, UtcMs t
     return std::prev(after)->value;
 }
 
+std::optional<int> speedIn(const std::vector<SpeedRow>& rows, UtcMs time)
+{
+    const auto after = std::ranges::upper_bound(rows, time, {}, &SpeedRow::begin);
+    if (after == rows.begin() || !std::prev(after)->range)
+        return std::nullopt;
+    return std::prev(after)->range->last;
+}
+
+/// When one of the three that decide about a ductor's cycles may have changed.
+std::vector<UtcMs> changesOf(const PlotData& data, const std::vector<ValueSpan>& cycles)
+{
+    std::vector<UtcMs> times;
+    for (const SpeedRow& row : data.speed)
+        times.push_back(row.begin);
+    for (const auto* spans : {&cycles, &data.inputs}) {
+        for (const ValueSpan& span : *spans)
+            times.push_back(std::max(span.time.begin, data.span.begin));
+    }
+    std::ranges::sort(times);
+    times.erase(std::ranges::unique(times).begin(), times.end());
+    return times;
+}
+
 /// Only in automatic does a ductor cycle by itself.
 std::vector<ExpectedPoint> expectedOf(const PlotData& data, const std::vector<ValueSpan>& cycles)
 {
     std::vector<ExpectedPoint> points;
-    for (const SpeedRow& row : data.speed) {
-        const auto cycle = valueIn(cycles, row.begin);
-        const auto inputs = valueIn(data.inputs, row.begin);
-        ExpectedPoint point{row.begin, std::nullopt};
-        if (row.range && cycle) {
+    for (const UtcMs time : changesOf(data, cycles)) {
+        const auto speed = speedIn(data.speed, time);
+        const auto cycle = valueIn(cycles, time);
+        const auto inputs = valueIn(data.inputs, time);
+        ExpectedPoint point{time, std::nullopt};
+        if (speed && cycle) {
             const bool works =
                 !inputs || operatingMode(static_cast<int>(*inputs)) == OperatingMode::Auto;
-            point.rate = works ? expectedCycles(row.range->last, *cycle) : 0;
+            point.rate = works ? expectedCycles(*speed, *cycle) : 0;
         }
         if (point.rate || (!points.empty() && points.back().rate))
             points.push_back(point);
@@ -105,9 +129,8 @@ PlotData readPlotData(HistoryReader& reader, TimeSpan span, int ductor, int poin
 QString valuesAt(const PlotData& data, UtcMs time)
 {
     QStringList parts;
-    const auto after = std::ranges::upper_bound(data.speed, time, {}, &SpeedRow::begin);
-    if (after != data.speed.begin() && std::prev(after)->range)
-        parts += QStringLiteral("%1 CPM").arg(std::prev(after)->range->last);
+    if (const auto speed = speedIn(data.speed, time))
+        parts += QStringLiteral("%1 CPM").arg(*speed);
     for (const RatePoint& point : data.counted) {
         if (point.time.contains(time) && point.rate)
             parts += QStringLiteral("%1 c/min").arg(*point.rate, 0, 'f', 1);

@@ -125,7 +125,8 @@ std::vector<SpeedRow> HistoryReader::speed(TimeSpan span, int points)
         while (period != online.end() && period->end <= row.begin)
             ++period;
         const UtcMs next = i + 1 < rows.size() ? rows[i + 1].begin : span.end;
-        const UtcMs online_ = period == online.end() ? row.begin + width : period->end;
+        const bool before = period == online.end() || period->begin >= row.begin + width;
+        const UtcMs online_ = before ? row.begin + width : period->end;
         const UtcMs holds =
             std::min(next, bin == 0 ? std::max(online_, row.begin) : row.begin + width);
         line.push_back(row);

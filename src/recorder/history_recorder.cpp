@@ -8,6 +8,8 @@
 
 #include <QTimerEvent>
 
+#include <utility>
+
 namespace tambrix {
 
 namespace {
@@ -73,13 +75,13 @@ void HistoryRecorder::linkClosed()
 /// set, a new one begins.
 UtcMs HistoryRecorder::answered()
 {
-    const RecordingClock::Reading reading = m_clock.read();
-    if (reading.jumped)
+    const UtcMs now = this->now();
+    if (std::exchange(m_jumped, false))
         endPeriod();
     if (!m_begin)
-        m_begin = reading.now;
-    m_batch.end = reading.now;
-    return reading.now;
+        m_begin = now;
+    m_batch.end = now;
+    return now;
 }
 
 void HistoryRecorder::registerRead(std::string_view addr, std::string_view value, bool succeeded)
@@ -178,12 +180,20 @@ void HistoryRecorder::collect()
     m_values.take(m_batch.values);
 }
 
+UtcMs HistoryRecorder::now()
+{
+    const auto read = m_clock.read();
+    m_jumped = m_jumped || read.jumped;
+    return read.now;
+}
+
 void HistoryRecorder::flush()
 {
     if (!m_begin)
         return;
-    const UtcMs now = m_clock.read().now;
-    if (now - m_batch.end > m_silence) { // the board does not answer: as good as off line
+    const UtcMs now = this->now();
+    // The board does not answer: as good as off line. A clock that was set begins another time.
+    if (m_jumped || now - m_batch.end > m_silence) {
         endPeriod();
         return;
     }

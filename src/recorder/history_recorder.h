@@ -61,7 +61,7 @@ public:
     HistoryStore& store() { return m_store; }
 
     /// The time of day, as records are dated.
-    UtcMs now() { return m_clock.read().now; }
+    UtcMs now();
 
 signals:
     /// There is more to show.
@@ -94,6 +94,7 @@ private:
 
     RSComm& m_link;
     RecordingClock m_clock;
+    bool m_jumped = false; ///< the PC's clock was set since the board's last answer
     HistoryStore m_store;
     std::function<QString()> m_writer;
     UtcMs m_silence = kUsualSilence;

@@ -82,6 +82,8 @@ SqlResult HistoryStore::open()
         result = m_file.run(QStringLiteral("PRAGMA synchronous=NORMAL"));
     if (result == SqlResult::Done && historyVersion(m_file) <= kHistoryVersion)
         result = makeHistoryTables(m_file);
+    if (result != SqlResult::Done)
+        m_file.close(); // half opened: the next time from the beginning
     return result;
 }
 
@@ -96,6 +98,7 @@ HistoryStore::Outcome HistoryStore::append(const HistoryBatch& batch)
     if (result == SqlResult::Done && historyVersion(m_file) > kHistoryVersion) {
         tellOnce(QStringLiteral("The history was written by a newer version of this program. "
                                 "Nothing is recorded; the file stays as it is."));
+        close(); // a program that can write it may
         return Outcome::Lost;
     }
     if (result == SqlResult::Done)
@@ -249,7 +252,10 @@ void HistoryStore::pruneValues(qint64 limit)
 
 void HistoryStore::check()
 {
-    if (open() != SqlResult::Done)
+    const SqlResult opened = open();
+    if (opened == SqlResult::Damaged)
+        return setAside();
+    if (opened != SqlResult::Done)
         return;
     bool sound = false;
     const SqlResult result =
@@ -265,9 +271,12 @@ void HistoryStore::setAside()
 {
     m_file.close();
     const QString aside = freePathBeside(QFileInfo(m_path));
-    for (const char* part : {"-wal", "-shm"})
-        QFile::rename(m_path + QLatin1String(part), aside + QLatin1String(part));
-    if (QFile::rename(m_path, aside))
+    const bool moved = QFile::rename(m_path, aside);
+    for (const char* part : {"-wal", "-shm"}) {
+        if (moved) // else the database would lose its log
+            QFile::rename(m_path + QLatin1String(part), aside + QLatin1String(part));
+    }
+    if (moved)
         m_tell(QStringLiteral("The history file was damaged. It is kept as \"%1\"; recording goes "
                               "on in a new one.")
                    .arg(QFileInfo(aside).fileName()));

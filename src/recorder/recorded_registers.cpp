@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace tambrix {
 
@@ -37,6 +38,7 @@ bool isSingle(int address)
 {
     static const std::vector<int> singles = [] {
         std::vector<int> all;
+        all.reserve(std::size(kSingles));
         for (const char* single : kSingles)
             all.push_back(recordedAddress(single));
         std::ranges::sort(all);

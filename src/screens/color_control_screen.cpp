@@ -220,7 +220,7 @@ void ColorControlScreen::showLabelName()
         m_labelName->fontMetrics().elidedText(name, Qt::ElideRight, m_labelName->width()));
     const QString tip = name.isEmpty()
                             ? QString()
-                            : QStringLiteral("%1 (from %2; the controller knows no names)")
+                            : QStringLiteral("<p>%1 (from %2; the controller knows no names)</p>")
                                   .arg(name.toHtmlEscaped(), file.toHtmlEscaped());
     const auto role = online() ? QPalette::PlaceholderText : QPalette::WindowText;
     if (m_labelName->toolTip() != tip) // this runs every turn: nothing is painted without need

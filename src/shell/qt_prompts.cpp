@@ -156,7 +156,13 @@ std::optional<QString> QtPrompts::askSaveFile(const FileQuestion& question)
     dialog.setDefaultSuffix(question.suffix);
     for (;;) {
         const auto file = askFile(dialog, question);
-        const QString wanted = file ? withSuffix(*file, question.suffix) : QString();
+        // A name that ends as one of the filters says is taken as it is.
+        const bool known =
+            file && question.filter.contains(QStringLiteral("*.%1)").arg(QFileInfo(*file).suffix()),
+                                             Qt::CaseInsensitive);
+        const QString wanted = !file   ? QString()
+                               : known ? *file
+                                       : withSuffix(*file, question.suffix);
         if (!file || *file == wanted || mayReplace(wanted))
             return file ? std::optional(wanted) : std::nullopt;
     }

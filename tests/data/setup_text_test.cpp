@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace tambrix;
 
 namespace {
@@ -9,7 +11,7 @@ namespace {
 NamedSetup hostile()
 {
     SetupDataRecord record = defaultSetupData("=1+1,\"x\"\n");
-    record.Value[20] = -2147483647;
+    record.Value[20] = std::numeric_limits<std::int32_t>::min();
     record.Value[21] = 2147483647;
     record.Address[30].clear();
     record.Address[31] = "=cmd|' /C'!A0";
@@ -33,8 +35,12 @@ TEST(SetupText, ReadsBackWhatItWrote)
     const NamedSetup setup = hostile();
     EXPECT_EQ(std::get<NamedSetup>(readSetupCsv(setupCsv(setup))), setup);
     EXPECT_EQ(std::get<NamedSetup>(readSetupJson(setupJson(setup))), setup);
-    EXPECT_TRUE(setupCsv({defaultSetupData("V"), {}})
-                    .startsWith("TAMBRIX data set,1,V\r\nEntry,Name,Register,Unit,Value,"));
+    const NamedSetup plain{defaultSetupData("V"), {}};
+    QByteArray text = setupCsv(plain);
+    EXPECT_TRUE(text.startsWith("TAMBRIX data set,1,V\r\nEntry,Name,Register,Unit,Value,"));
+    text.replace("set,1,V\r\n", "set,1,V,,,\r\n")
+        .replace("500,\r\n", "500\r\n"); // by a spreadsheet
+    EXPECT_EQ(std::get<NamedSetup>(readSetupCsv(text)), plain);
 }
 
 TEST(SetupText, RefusesWithLineAndColumn)

@@ -184,8 +184,8 @@ TEST_F(LabelsTest, CopyAndPasteAsASpreadsheetDoes)
     select(cell(30, ductor(1)), cell(33, ductor(2)));
     paste("25");
     EXPECT_EQ(value(30, 0) + value(33, 1), 50);
-    select(cell(30, ductor(8)), cell(30, ductor(8)));
-    paste("1\t270\r\n"); // behind the last ON stands the first CYCLE
+    select(cell(30, ductor(1)), cell(30, ductor(1)));
+    paste("1\t1\t1\t1\t1\t1\t1\t1\t270\r\n"); // behind the last ON stands the first CYCLE
     EXPECT_EQ(value(30, 7), 1);
     EXPECT_EQ(value(30, 8), 270);
     select(cell(99, ductor(1)), cell(99, ductor(1)));
