@@ -5,6 +5,7 @@
 #include "link/lenient_number.h"
 #include "link/register_value.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
 
@@ -12,9 +13,24 @@
 
 namespace tambrix {
 
+namespace {
+
+/// Where the focus rests while no field is being edited. A button would let the arrow keys walk to
+/// its neighbours, and the next one there would change a value of the press.
+class FocusRest : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+};
+
+} // namespace
+
 Screen::Screen(ProgramState& state)
     : m_state(state),
-      m_cmdDefault(new QPushButton(QStringLiteral("-"), this)),
+      m_cmdDefault(new FocusRest(QStringLiteral("-"), this)),
       m_poller(state, *this, *this)
 {
     m_cmdDefault->setObjectName(QStringLiteral("cmdDefault"));

@@ -164,6 +164,10 @@ TEST_F(ColorControl, TheFocusStaysAwayFromWhatTheUserDidNotChoose)
     rig.board.press().setLabelSelect(false);
     ASSERT_TRUE(PressRig::eventually([this] { return !field(kLabel).isEnabled(); }));
     EXPECT_TRUE(button("cmdDefault").hasFocus());
+    for (const auto key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
+        QTest::keyClick(&button("cmdDefault"), key);
+        EXPECT_TRUE(button("cmdDefault").hasFocus());
+    }
     EXPECT_EQ(text(kLabel), "1");
     EXPECT_TRUE(wire.writes.empty());
 }
