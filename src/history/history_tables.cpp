@@ -5,8 +5,6 @@
 #include <QStandardItemModel>
 #include <QTableView>
 
-#include <ranges>
-
 namespace tambrix {
 
 namespace {
@@ -36,7 +34,8 @@ HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now)
     HistoryTable table;
     table.captions = {QStringLiteral("Begin"),  QStringLiteral("End"),   QStringLiteral("Duration"),
                       QStringLiteral("Ductor"), QStringLiteral("Label"), QStringLiteral("Speed")};
-    for (const AlarmSpan& alarm : std::views::reverse(alarms)) { // the latest first
+    for (std::size_t i = alarms.size(); i-- > 0;) { // the latest first
+        const AlarmSpan& alarm = alarms[i];
         const QString end = alarm.ended ? localTime(alarm.time.end, now)
                             : now - alarm.time.end < 5 * kSecond
                                 ? QStringLiteral("still on")

@@ -40,7 +40,7 @@ std::vector<UtcMs> changesOf(const PlotData& data, const std::vector<ValueSpan>&
             times.push_back(std::max(span.time.begin, data.span.begin));
     }
     std::ranges::sort(times);
-    times.erase(std::ranges::unique(times).begin(), times.end());
+    times.erase(std::unique(times.begin(), times.end()), times.end());
     return times;
 }
 
