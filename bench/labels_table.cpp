@@ -9,6 +9,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <stdexcept>
+
 namespace tambrix::bench {
 
 namespace {

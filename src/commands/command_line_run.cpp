@@ -16,7 +16,7 @@ const QCommandLineOption kHelp({QStringLiteral("h"), QStringLiteral("help")},
 
 int say(std::FILE* stream, const QString& text, ExitCode code)
 {
-    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fputs(text.toUtf8().constData(), stream);
     return static_cast<int>(code);
 }
 

@@ -22,7 +22,7 @@ QString bar(int done, int of)
 
 void showInPlace(const QString& line)
 {
-    std::fputs((u'\r' + line).toLocal8Bit().constData(), stderr);
+    std::fputs((u'\r' + line).toUtf8().constData(), stderr);
     std::fflush(stderr);
 }
 
@@ -89,8 +89,7 @@ void Console::write(std::FILE* stream, const QString& line) const
 {
     if (m_silent)
         return;
-    // JSON is UTF-8 whatever the console; other text is as the console has it.
-    const QByteArray bytes = (m_json ? line.toUtf8() : line.toLocal8Bit()) + '\n';
+    const QByteArray bytes = line.toUtf8() + '\n';
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
 }
 

@@ -9,7 +9,8 @@
 namespace tambrix {
 
 /// The two output streams of the program. Results go to the standard output, everything else to
-/// the error stream: what is wrong, warnings, and a progress bar where a person is watching.
+/// the error stream: what is wrong, warnings, and a progress bar where a person is watching. All of
+/// it is UTF-8 on every system.
 class Console
 {
 public:

@@ -1,6 +1,7 @@
 #include "controls/cut_texts.h"
 
 #include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -27,7 +28,8 @@ bool meansToBeSmall(const QWidget& control)
 {
     const QWidget* holder = control.parentWidget();
     const bool partOfField = qobject_cast<const QLineEdit*>(holder) != nullptr ||
-                             qobject_cast<const QComboBox*>(holder) != nullptr;
+                             qobject_cast<const QComboBox*>(holder) != nullptr ||
+                             qobject_cast<const QAbstractSpinBox*>(holder) != nullptr;
     return partOfField || control.maximumWidth() == control.minimumWidth() ||
            control.maximumHeight() == control.minimumHeight();
 }

@@ -60,8 +60,11 @@ int scaleStep(const QSize& place, const QFont& desktop)
         return place.width() * 100 >= kPlaceWidth * pixels * step &&
                place.height() * 100 >= kPlaceHeight * pixels * step;
     };
-    const auto* largest = std::ranges::find_if(kSteps, fits);
-    return largest == kSteps.end() ? smallestStep(desktop) : *largest;
+    for (const int step : kSteps) { // from the largest
+        if (fits(step))
+            return step;
+    }
+    return smallestStep(desktop);
 }
 
 int smallestStep(const QFont& desktop)

@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QHash>
 
+#include <cstdlib>
+
 namespace tambrix {
 
 namespace {

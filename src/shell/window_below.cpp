@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <chrono>
+
 namespace tambrix {
 
 using namespace std::chrono_literals;

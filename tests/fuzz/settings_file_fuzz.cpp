@@ -4,6 +4,8 @@
 #include "link/settings_file.h"
 #include "tests/fuzz/fuzzing.h"
 
+#include <cstdint>
+
 using namespace tambrix;
 using namespace tambrix::fuzzing;
 

@@ -2,6 +2,8 @@
 #include "link/mark_hex.h"
 #include "tests/support/link_rig.h"
 
+#include <tuple>
+
 using namespace tambrix;
 
 namespace {

@@ -7,6 +7,7 @@
 
 #include <iomanip>
 #include <sstream>
+#include <string>
 #include <utility>
 
 using namespace tambrix;

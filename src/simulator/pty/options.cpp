@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdlib>
 #include <string_view>
+#include <system_error>
 
 namespace tambrix {
 
