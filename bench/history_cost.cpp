@@ -80,14 +80,9 @@ private:
     Task rate(Rates& rates)
     {
         co_await m_loop.pause(span(kSettling));
-        PassCount count(m_test.state.gLink);
-        m_test.port.bytes.clear();
-        m_test.port.times.clear();
-        QElapsedTimer timer;
-        timer.start();
-        co_await m_loop.pause(span(kMeasuring));
-        const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
-        rates = {count.passes / seconds, static_cast<double>(m_test.port.bytes.size()) / seconds};
+        const PassCount count(m_test.state.gLink);
+        co_await m_test.exchangeRate(m_loop, kMeasuring, rates.exchanges);
+        rates.passes = count.passes * 1s / span(kMeasuring);
     }
 
     /// Counts the passes by the machine speed, which each of them reads once.

@@ -56,13 +56,7 @@ private:
     Task rate(double& perSecond)
     {
         co_await m_loop.pause(span(kSettling));
-        m_test.port.bytes.clear();
-        m_test.port.times.clear();
-        QElapsedTimer timer;
-        timer.start();
-        co_await m_loop.pause(span(kMeasuring));
-        perSecond = static_cast<double>(m_test.port.bytes.size()) * 1e9 /
-                    static_cast<double>(timer.nsecsElapsed());
+        co_await m_test.exchangeRate(m_loop, kMeasuring, perSecond);
     }
 
     WindowUnderTest m_test;

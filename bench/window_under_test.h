@@ -2,6 +2,7 @@
 
 #include "bench/link_under_test.h"
 #include "data/line_recorder.h"
+#include "platform/cooperative_loop.h"
 #include "shell/main_window.h"
 
 namespace tambrix::bench {
@@ -18,6 +19,10 @@ struct WindowUnderTest
 
     /// Bits on the wire since the port's bytes were last cleared: each byte out brings one back.
     double bitsOnWire() const;
+
+    /// Lets the window work for `measuring` (less in a short run): exchanges a second.
+    Task exchangeRate(CooperativeLoop& loop, std::chrono::milliseconds measuring,
+                      double& perSecond);
 
     BenchFolder folder;
     SteadyClock clock;

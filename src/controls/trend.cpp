@@ -3,7 +3,7 @@
 #include "controls/tones.h"
 
 #include <QPainter>
-#include <QPainterPath>
+#include <QPolygonF>
 
 #include <algorithm>
 #include <cmath>
@@ -69,6 +69,12 @@ void Trend::paintEvent(QPaintEvent*)
         QRectF(rect()).adjusted(1, 1, -1, -1 - painter.fontMetrics().height() - grid() / 2.0);
     painter.setPen(tones.line);
     painter.drawRoundedRect(frame, grid() / 2.0, grid() / 2.0);
+    drawPoints(painter, frame);
+}
+
+/// Nothing where the value was not read.
+void Trend::drawPoints(QPainter& painter, const QRectF& frame) const
+{
     int top = 1;
     for (const Point& point : m_points)
         top = std::max(top, point.high);
@@ -76,18 +82,32 @@ void Trend::paintEvent(QPaintEvent*)
         return QPointF(frame.right() - frame.width() * ago / m_span,
                        frame.bottom() - frame.height() * 0.9 * value / top);
     };
-    QPainterPath line;
-    for (std::size_t i = 0; i < m_points.size(); ++i) {
-        const Point& point = m_points[i];
-        const bool joined = i > 0 && m_points[i - 1].ago - point.ago <= kMissing * m_step;
-        const QPointF at = place(point.ago, point.last);
-        if (joined)
-            line.lineTo(at);
-        else
-            line.moveTo(at);
+    const QColor colour = tonesOf(palette()).bar;
+    QColor band = colour;
+    band.setAlphaF(0.25F);
+    for (std::size_t i = 0; i < m_points.size();) {
+        QPolygonF lowest, highest, line;
+        for (const std::size_t end = endOfRun(i); i < end; ++i) {
+            const Point& point = m_points[i];
+            line << place(point.ago, point.last);
+            highest << place(point.ago, point.high);
+            lowest.prepend(place(point.ago, point.low));
+        }
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(band);
+        painter.drawPolygon(highest + lowest);
+        painter.setPen(QPen(colour, 2));
+        painter.drawPolyline(line);
     }
-    painter.setPen(QPen(tones.bar, 2));
-    painter.drawPath(line);
+}
+
+/// One past the last of the points from `from` on between which the value was read all the time.
+std::size_t Trend::endOfRun(std::size_t from) const
+{
+    std::size_t end = from + 1;
+    while (end < m_points.size() && m_points[end - 1].ago - m_points[end].ago <= kMissing * m_step)
+        ++end;
+    return end;
 }
 
 } // namespace tambrix

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+class QPainter;
+
 namespace tambrix {
 
 /// The last minutes of one value as a line, with the band in which it moved.
@@ -39,6 +41,8 @@ protected:
 
 private:
     QString minutes() const;
+    void drawPoints(QPainter& painter, const QRectF& frame) const;
+    std::size_t endOfRun(std::size_t from) const;
 
     double m_span;
     double m_step;

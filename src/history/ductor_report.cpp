@@ -26,7 +26,7 @@ void compareCycles(HistoryReader& reader, TimeSpan hour, DuctorReport& report)
     const PlotData data = readPlotData(reader, hour, report.ductor, 4 * kMinutesOfAnHour);
     double counted = 0;
     double expected = 0;
-    int minutes = 0;
+    double minutes = 0;
     for (const RatePoint& point : data.counted) {
         const auto first =
             std::ranges::lower_bound(data.expected, point.time.begin, {}, &ExpectedPoint::time);
@@ -41,9 +41,10 @@ void compareCycles(HistoryReader& reader, TimeSpan hour, DuctorReport& report)
         }
         if (!point.rate || points == 0)
             continue;
-        counted += *point.rate;
-        expected += sum / points;
-        ++minutes;
+        const double length = static_cast<double>(point.time.length()) / kMinute;
+        counted += *point.rate * length;
+        expected += sum / points * length;
+        minutes += length;
     }
     if (minutes == 0)
         return;
@@ -92,7 +93,7 @@ QString DuctorReport::density(bool running) const
                         static_cast<int>(*maximumOn));
 }
 
-DuctorReport readDuctorReport(HistoryReader& reader, int ductor, UtcMs now)
+DuctorReport readDuctorReport(HistoryReader& reader, int ductor, UtcMs now, const LabelNames& names)
 {
     DuctorReport report;
     report.ductor = ductor;
@@ -102,9 +103,10 @@ DuctorReport readDuctorReport(HistoryReader& reader, int ductor, UtcMs now)
     report.runningCycle = value(at(reg::kWorkingCycle, ductor));
     report.maximumOn = value(at(reg::kMaximumOn));
     if (const auto label = value(at(reg::kLabelNumber)); label && *label >= 0 && *label < kLabels) {
-        report.label = static_cast<int>(*label);
-        report.storedOn = value(at(reg::kOnDuration, ductor, *report.label));
-        report.storedCycle = value(at(reg::kCycleDuration, ductor, *report.label));
+        const int stored = static_cast<int>(*label);
+        report.label = labelText(*label, names);
+        report.storedOn = value(at(reg::kOnDuration, ductor, stored));
+        report.storedCycle = value(at(reg::kCycleDuration, ductor, stored));
     }
     compareCycles(reader, {now - kHour, now}, report);
     for (const AlarmSpan& alarm : reader.alarms({now - kDay, now + 1})) {
@@ -113,7 +115,8 @@ DuctorReport readDuctorReport(HistoryReader& reader, int ductor, UtcMs now)
         ++report.alarms;
         report.alarmTime += alarm.time.length();
     }
-    for (const ChangeLine& line : changeLines(reader.writes({now - kDay, now + 1}, kMostChanges))) {
+    for (const ChangeLine& line :
+         changeLines(reader.writes({now - kDay, now + 1}, kMostChanges), names)) {
         if (concerns(line, ductor))
             report.changes.push_back(line);
     }
@@ -133,9 +136,9 @@ QStringList findings(const DuctorReport& report)
         return line.ductor == report.ductor || line.change.isEmpty(); // a transfer may have
     });
     if (changed != report.changes.end())
-        found += QStringLiteral("Changed last: %1 %2 at %3 in %4.")
-                     .arg(changed->what, changed->change, localTime(changed->time, report.time),
-                          changed->screen);
+        found += QStringLiteral("Changed last: %1 at %2 in %3.")
+                     .arg((changed->what + u' ' + changed->change).trimmed(),
+                          localTime(changed->time, report.time), changed->screen);
     else
         found += QStringLiteral("Nobody changed it with this program in the last day.");
     return found;

@@ -13,9 +13,9 @@ namespace tambrix {
 /// What is known of one ductor: why does it give too much ink, or too little?
 struct DuctorReport
 {
-    int ductor = 0; ///< 0 to 7
-    UtcMs time = 0; ///< what the values below are of
-    std::optional<int> label;
+    int ductor = 0;               ///< 0 to 7
+    UtcMs time = 0;               ///< what the values below are of
+    std::optional<QString> label; ///< "6 Beer gold"
     std::optional<std::int64_t> runningOn, runningCycle, storedOn, storedCycle; ///< 0.1 cans
     std::optional<std::int64_t> maximumOn;                                      ///< 0.1 cans
     std::optional<double> counted;   ///< cycles a minute over the last hour in which it worked
@@ -28,7 +28,8 @@ struct DuctorReport
     QString density(bool running) const;
 };
 
-DuctorReport readDuctorReport(HistoryReader& reader, int ductor, UtcMs now);
+DuctorReport readDuctorReport(HistoryReader& reader, int ductor, UtcMs now,
+                              const LabelNames& names);
 
 /// What stands out, in plain sentences; what is in order is said too.
 QStringList findings(const DuctorReport& report);

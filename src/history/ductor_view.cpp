@@ -20,17 +20,16 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kSize(760, 620);
-constexpr std::array kRows = {"ON Duration (0.1 cans)", "CYCLE Duration (0.1 cans)",
-                              "Color Density"};
+const QString kUnknown = QStringLiteral("?");
 
 template <typename Number> QString orUnknown(const std::optional<Number>& number)
 {
-    return number ? QString::number(*number) : QStringLiteral("?");
+    return number ? QString::number(*number) : kUnknown;
 }
 
 QString rateText(const std::optional<double>& rate)
 {
-    return rate ? QString::number(*rate, 'f', 1) : QStringLiteral("?");
+    return rate ? QString::number(*rate, 'f', 1) : kUnknown;
 }
 
 } // namespace
@@ -70,43 +69,55 @@ DuctorView::DuctorView(std::function<DuctorReport(int)> read, int ductor, QWidge
     CenterForm(*this);
 }
 
-void DuctorView::addValue(QGridLayout& grid, int row, int column, const char* name,
-                          const QString& tells)
+/// `cells`: the columns and rows that it takes.
+void DuctorView::addValue(QGridLayout& grid, QRect cells, const char* name, const QString& tells)
 {
-    auto* value = new ValueLabel(QLatin1String(name), tells, QStringLiteral("?"));
+    auto* value = new ValueLabel(QLatin1String(name), tells, kUnknown);
     value->setAlignment(Qt::AlignRight);
     setTextSize(*value, TextSize::Value, true);
-    grid.addWidget(value, row, column);
+    grid.addWidget(value, cells.y(), cells.x(), cells.height(), cells.width());
     m_values += value;
+}
+
+/// Two values below the two heads that were added last.
+void DuctorView::addPair(QGridLayout& grid, int row, const char* name, const QString& caption,
+                         const std::array<const char*, 2>& heads)
+{
+    grid.addWidget(new QLabel(caption), row, 0);
+    for (int i = 0; i < 2; ++i) {
+        const QString head = QLatin1String(heads[static_cast<std::size_t>(i)]);
+        addValue(grid, {1 + i, row, 1, 1}, qPrintable(QLatin1String(name) + head),
+                 caption + QStringLiteral(", ") + head);
+    }
+}
+
+/// One value over the whole width.
+void DuctorView::addLine(QGridLayout& grid, int row, const char* name, const QString& caption)
+{
+    grid.addWidget(new QLabel(caption), row, 0);
+    addValue(grid, {1, row, 2, 1}, name, caption);
 }
 
 QWidget* DuctorView::makeValues()
 {
+    constexpr std::array kDurations = {"running", "stored"};
+    constexpr std::array kCycles = {"counted", "expected"};
     QGroupBox* frame = makeFrame(QStringLiteral("fraWhy"), QStringLiteral("Values"));
     frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* grid = new QGridLayout(frame);
-    grid->addWidget(makeDimLabel(QStringLiteral("running")), 0, 1, Qt::AlignRight);
-    grid->addWidget(makeDimLabel(QStringLiteral("stored")), 0, 2, Qt::AlignRight);
-    constexpr std::array kNames = {"lblWhyOn", "lblWhyCycle", "lblWhyDensity"};
-    for (int row = 0; row < static_cast<int>(kRows.size()); ++row) {
-        const QString caption = QLatin1String(kRows[static_cast<std::size_t>(row)]);
-        const char* name = kNames[static_cast<std::size_t>(row)];
-        grid->addWidget(new QLabel(caption), row + 1, 0);
-        addValue(*grid, row + 1, 1, name, caption + QStringLiteral(", running"));
-        addValue(*grid, row + 1, 2, (QByteArray(name) + "Stored").constData(),
-                 caption + QStringLiteral(", stored"));
+    for (int i = 0; i < 2; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        grid->addWidget(makeDimLabel(QLatin1String(kDurations[at])), 0, 1 + i, Qt::AlignRight);
+        grid->addWidget(makeDimLabel(QLatin1String(kCycles[at])), 4, 1 + i, Qt::AlignRight);
+        grid->setColumnStretch(1 + i, 1);
     }
-    grid->addWidget(makeDimLabel(QStringLiteral("counted")), 4, 1, Qt::AlignRight);
-    grid->addWidget(makeDimLabel(QStringLiteral("expected")), 4, 2, Qt::AlignRight);
-    grid->addWidget(new QLabel(QStringLiteral("Cycles a minute, last hour")), 5, 0);
-    addValue(*grid, 5, 1, "lblWhyCounted", QStringLiteral("Cycles a minute counted"));
-    addValue(*grid, 5, 2, "lblWhyExpected", QStringLiteral("Cycles a minute expected"));
-    grid->addWidget(new QLabel(QStringLiteral("Label; feedback faults of the last day")), 6, 0);
-    addValue(*grid, 6, 1, "lblWhyLabel", QStringLiteral("Label Number"));
-    addValue(*grid, 6, 2, "lblWhyFaults", QStringLiteral("Feedback faults of the last day"));
     grid->setColumnStretch(0, 2);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(2, 1);
+    addPair(*grid, 1, "lblWhyOn", QStringLiteral("ON Duration (0.1 cans)"), kDurations);
+    addPair(*grid, 2, "lblWhyCycle", QStringLiteral("CYCLE Duration (0.1 cans)"), kDurations);
+    addPair(*grid, 3, "lblWhyDensity", QStringLiteral("Color Density"), kDurations);
+    addPair(*grid, 5, "lblWhyCycles", QStringLiteral("Cycles a minute, last hour"), kCycles);
+    addLine(*grid, 6, "lblWhyLabel", QStringLiteral("Label"));
+    addLine(*grid, 7, "lblWhyFaults", QStringLiteral("Feedback faults, last day"));
     return frame;
 }
 
@@ -117,11 +128,20 @@ void DuctorView::refresh()
 
 void DuctorView::showReport(const DuctorReport& report)
 {
-    const QStringList texts = {orUnknown(report.runningOn),    orUnknown(report.storedOn),
-                               orUnknown(report.runningCycle), orUnknown(report.storedCycle),
-                               report.density(true),           report.density(false),
-                               rateText(report.counted),       rateText(report.expected),
-                               orUnknown(report.label),        QString::number(report.alarms)};
+    const QString faults = report.alarms == 0 ? QStringLiteral("none")
+                                              : QStringLiteral("%1, in all %2")
+                                                    .arg(report.alarms)
+                                                    .arg(durationText(report.alarmTime));
+    const QStringList texts = {orUnknown(report.runningOn),
+                               orUnknown(report.storedOn),
+                               orUnknown(report.runningCycle),
+                               orUnknown(report.storedCycle),
+                               report.density(true),
+                               report.density(false),
+                               rateText(report.counted),
+                               rateText(report.expected),
+                               report.label.value_or(kUnknown),
+                               faults};
     for (int i = 0; i < texts.size(); ++i)
         m_values[i]->setValue(texts[i]);
     m_findings->setText(findings(report).join(u'\n'));

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <array>
 #include <functional>
 
 class QComboBox;
@@ -29,7 +30,10 @@ public:
 
 private:
     QWidget* makeValues();
-    void addValue(QGridLayout& grid, int row, int column, const char* name, const QString& tells);
+    void addValue(QGridLayout& grid, QRect cells, const char* name, const QString& tells);
+    void addPair(QGridLayout& grid, int row, const char* name, const QString& caption,
+                 const std::array<const char*, 2>& heads);
+    void addLine(QGridLayout& grid, int row, const char* name, const QString& caption);
     void showReport(const DuctorReport& report);
 
     std::function<DuctorReport(int)> m_read;

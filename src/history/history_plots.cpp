@@ -38,10 +38,11 @@ HistoryPlots::HistoryPlots() : m_plot(new QCustomPlot)
     m_plot->setMouseTracking(true);
     m_plot->installEventFilter(this);
     makeRects();
+    makeTitles();
     makeGraphs();
     makeCrosshair();
-    makeTitles();
     colour(palette());
+    connect(m_plot, &QCustomPlot::afterLayout, this, &HistoryPlots::fitToSize);
 }
 
 QCPAxis& HistoryPlots::timeAxis(int row) const
@@ -57,11 +58,6 @@ void HistoryPlots::makeRects()
     for (int row = 0; row < Rows; ++row) {
         const auto at = static_cast<std::size_t>(row);
         auto* rect = new QCPAxisRect(m_plot);
-        auto* title = new QCPTextElement(m_plot, QString());
-        title->setTextFlags(Qt::AlignLeft | Qt::AlignTop);
-        title->setMaximumSize(kAnySize, kAnySize); // not as high as its text
-        title->setMargins(QMargins(0, 6, 8, 0));
-        m_plot->plotLayout()->addElement(row, 0, title);
         m_plot->plotLayout()->addElement(row, 1, rect);
         m_plot->plotLayout()->setRowStretchFactor(row, kHeights[at]);
         rect->setMinimumSize(row == Bands ? kSmallestBands : kSmallestRect);
@@ -74,19 +70,20 @@ void HistoryPlots::makeRects()
             rect->axis(side)->setTicks(false);
         rect->axis(QCPAxis::atBottom)->setTickLabels(row == Bands);
         m_rects[at] = rect;
-        m_titles[at] = title;
         connect(rect->axis(QCPAxis::atBottom), qOverload<const QCPRange&>(&QCPAxis::rangeChanged),
                 this, [this](const QCPRange& range) { want(range.lower, range.upper); });
     }
     m_plot->plotLayout()->setColumnStretchFactor(0, 1);
-    m_plot->plotLayout()->setColumnStretchFactor(1, 9);
+    m_plot->plotLayout()->setColumnStretchFactor(1, 12);
     m_plot->plotLayout()->setRowSpacing(2);
     makeValueAxes();
 }
 
-/// Alarms have a row for each ductor, the bands need no numbers.
+/// Alarms have a row for each ductor, the bands need no numbers, the others a few.
 void HistoryPlots::makeValueAxes()
 {
+    for (const Row row : {Speed, Cycles})
+        m_rects[row]->axis(QCPAxis::atLeft)->ticker()->setTickCount(4);
     QCPAxis* alarms = m_rects[Alarms]->axis(QCPAxis::atLeft);
     alarms->setRange(0.5, kDuctors + 0.5);
     alarms->setRangeReversed(true);
@@ -140,12 +137,33 @@ void HistoryPlots::makeCrosshair()
     m_tip->setVisible(false);
 }
 
+QCPTextElement* HistoryPlots::makeHead(const char* text, int above)
+{
+    auto* head = new QCPTextElement(m_plot, QLatin1String(text));
+    head->setTextFlags(Qt::AlignLeft | Qt::AlignTop);
+    head->setMargins(QMargins(0, above, 8, 0));
+    return head;
+}
+
+void HistoryPlots::addTitle(Row row, const char* title, const char* unit)
+{
+    auto* both = new QCPLayoutGrid;
+    both->setRowSpacing(0);
+    both->setMaximumSize(kAnySize, kAnySize); // not as high as its texts
+    m_titles[row] = makeHead(title, 6);
+    m_units[row] = makeHead(unit, 2);
+    m_units[row]->setMaximumSize(kAnySize, kAnySize);
+    both->addElement(0, 0, m_titles[row]);
+    both->addElement(1, 0, m_units[row]);
+    m_plot->plotLayout()->addElement(row, 0, both);
+}
+
 void HistoryPlots::makeTitles()
 {
-    m_titles[Speed]->setText(QStringLiteral("Speed\ncans per minute"));
-    m_titles[Cycles]->setText(QStringLiteral("Cycles a minute\ncounted, expected"));
-    m_titles[Alarms]->setText(QStringLiteral("Alarms\nductor"));
-    m_titles[Bands]->setText(QStringLiteral("Mode, label"));
+    addTitle(Speed, "Speed", "cans per minute");
+    addTitle(Cycles, "Cycles a minute", "counted, expected");
+    addTitle(Alarms, "Alarms", "ductor");
+    addTitle(Bands, "Mode, label", "");
 }
 
 void HistoryPlots::colourAxis(QCPAxis& axis, const QPalette& palette)
@@ -164,10 +182,14 @@ void HistoryPlots::colour(const QPalette& palette)
 {
     const Tones& tones = tonesOf(palette);
     m_plot->setBackground(palette.color(QPalette::Window));
+    QFont bold = font();
+    bold.setBold(true);
     for (std::size_t row = 0; row < m_rects.size(); ++row) {
         m_rects[row]->setBackground(tones.card);
         m_titles[row]->setTextColor(palette.color(QPalette::WindowText));
-        m_titles[row]->setFont(font());
+        m_titles[row]->setFont(bold);
+        m_units[row]->setTextColor(tones.dim);
+        m_units[row]->setFont(font());
         for (QCPAxis* axis : m_rects[row]->axes())
             colourAxis(*axis, palette);
         m_lines[row]->setPen(QPen(tones.accent, 1, Qt::DashLine));
@@ -182,6 +204,7 @@ void HistoryPlots::colour(const QPalette& palette)
     m_tip->setColor(palette.color(QPalette::ToolTipText));
     m_tip->setPen(QPen(tones.accent));
     m_tip->setFont(font());
+    m_fitted = {};
     showBars(palette);
 }
 

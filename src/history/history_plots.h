@@ -3,6 +3,7 @@
 #include "history/plot_data.h"
 
 #include <QPixmap>
+#include <QStringList>
 #include <QWidget>
 
 #include <array>
@@ -58,6 +59,8 @@ private:
     void makeValueAxes();
     void makeGraphs();
     void makeCrosshair();
+    QCPTextElement* makeHead(const char* text, int above);
+    void addTitle(Row row, const char* title, const char* unit);
     void makeTitles();
     void colour(const QPalette& palette);
     void colourAxis(QCPAxis& axis, const QPalette& palette);
@@ -68,7 +71,8 @@ private:
     void showModes(const Tones& tones, const QColor& text);
     void showLabels(const Tones& tones, const QColor& text);
     void addBar(Row row, TimeSpan time, double from, double to, const QColor& ground);
-    void addText(TimeSpan time, double height, const QString& text, const QColor& colour);
+    void addText(TimeSpan time, double height, const QStringList& texts, const QColor& colour);
+    void fitToSize();
     void want(double begin, double end);
     void pan(double part);
     void zoom(double factor);
@@ -78,6 +82,7 @@ private:
     QCustomPlot* m_plot;
     std::array<QCPAxisRect*, Rows> m_rects{};
     std::array<QCPTextElement*, Rows> m_titles{};
+    std::array<QCPTextElement*, Rows> m_units{}; ///< below the titles
     std::array<QCPItemStraightLine*, Rows> m_lines{};
     QCPGraph* m_lowest = nullptr;
     QCPGraph* m_highest = nullptr;
@@ -88,6 +93,7 @@ private:
     PlotData m_data;
     std::vector<QCPAbstractItem*> m_bars; ///< and their texts
     std::optional<UtcMs> m_pointed;
+    QSize m_fitted;         ///< for which the texts of bars and axes were chosen
     bool m_setting = false; ///< the axes are being set: nobody has panned
 };
 

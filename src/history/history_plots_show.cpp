@@ -23,9 +23,9 @@ constexpr double kPanStep = 0.15;
 constexpr double kPointerStep = 0.01; // of the width
 constexpr UtcMs kNarrowest = 10 * kSecond;
 constexpr UtcMs kWidest = 400 * kDay;
-constexpr double kAlarmHalf = 0.35;    // of the height of an alarm's line
-constexpr double kSmallestPart = 0.09; // of the width: a text has room in it
-constexpr double kFinestPart = 0.001;  // of the width: what is shorter is drawn as long as this
+constexpr double kAlarmHalf = 0.35;   // of the height of an alarm's line
+constexpr int kTextMargin = 6;        // px
+constexpr double kFinestPart = 0.001; // of the width: what is shorter is drawn as long as this
 
 double seconds(UtcMs time)
 {
@@ -128,8 +128,7 @@ void HistoryPlots::showCycles()
     }
     m_expected->setData(times, rates, true);
     m_rects[Cycles]->axis(QCPAxis::atLeft)->setRange(0, top * 1.2);
-    m_titles[Cycles]->setText(
-        QStringLiteral("Cycles a minute\nductor %1, expected").arg(m_data.ductor + 1));
+    m_units[Cycles]->setText(QStringLiteral("ductor %1, expected").arg(m_data.ductor + 1));
 }
 
 void HistoryPlots::showBars(const QPalette& palette)
@@ -154,7 +153,7 @@ void HistoryPlots::showModes(const Tones& tones, const QColor& text)
         if (!band)
             return;
         addBar(Bands, *band, 1, 2, groundOf(mode, tones));
-        addText(*band, 1.5, operatingModeText(mode), text);
+        addText(*band, 1.5, {operatingModeText(mode)}, text);
     };
     for (const ValueSpan& span : m_data.inputs) {
         if (!span.value)
@@ -177,7 +176,9 @@ void HistoryPlots::showLabels(const Tones& tones, const QColor& text)
         if (!span.value)
             continue;
         addBar(Bands, span.time, 0, 1, tones.card);
-        addText(span.time, 0.5, QStringLiteral("label %1").arg(*span.value), text);
+        const QString number = QString::number(*span.value);
+        const QString named = labelText(*span.value, m_data.names);
+        addText(span.time, 0.5, {QStringLiteral("label ") + named, named, number}, text);
     }
 }
 
@@ -195,23 +196,44 @@ void HistoryPlots::addBar(Row row, TimeSpan time, double from, double to, const 
     m_bars.push_back(bar);
 }
 
-void HistoryPlots::addText(TimeSpan time, double height, const QString& text, const QColor& colour)
+/// The first of `texts` for which there is room, if any: the longest comes first.
+void HistoryPlots::addText(TimeSpan time, double height, const QStringList& texts,
+                           const QColor& colour)
 {
     const UtcMs begin = std::max(time.begin, m_data.span.begin);
     const UtcMs end = std::min(time.end, m_data.span.end);
-    if (static_cast<double>(end - begin) <
-        kSmallestPart * static_cast<double>(m_data.span.length()))
+    const double part =
+        static_cast<double>(end - begin) / static_cast<double>(m_data.span.length());
+    const double room = part * m_rects[Bands]->width() - 2 * kTextMargin;
+    const QFontMetrics metrics(font());
+    const auto text = std::ranges::find_if(
+        texts, [&](const QString& one) { return metrics.horizontalAdvance(one) <= room; });
+    if (text == texts.end())
         return;
     auto* item = new QCPItemText(m_plot);
     item->setClipAxisRect(m_rects[Bands]);
     item->position->setAxes(&timeAxis(Bands), m_rects[Bands]->axis(QCPAxis::atLeft));
     item->position->setCoords(seconds(begin), height);
     item->setPositionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    item->setPadding(QMargins(6, 0, 0, 0));
-    item->setText(text);
+    item->setPadding(QMargins(kTextMargin, 0, 0, 0));
+    item->setText(*text);
     item->setColor(colour);
     item->setFont(font());
     m_bars.push_back(item);
+}
+
+/// What depends on the room that the rows have: the numbers of the ductors, one above the other,
+/// and the texts in the bands.
+void HistoryPlots::fitToSize()
+{
+    const QSize size(m_rects[Bands]->width(), m_rects[Alarms]->height());
+    if (size == m_fitted)
+        return;
+    m_fitted = size;
+    QFont numbers = font();
+    numbers.setPixelSize(std::clamp(size.height() / kDuctors, 1, QFontInfo(font()).pixelSize()));
+    m_rects[Alarms]->axis(QCPAxis::atLeft)->setTickLabelFont(numbers);
+    showBars(palette());
 }
 
 void HistoryPlots::pointAt(std::optional<UtcMs> time)

@@ -11,11 +11,7 @@ namespace {
 
 constexpr int kTimeRole = Qt::UserRole;
 constexpr int kCellMargin = 6;
-
-QString numberOrUnknown(const std::optional<int>& number)
-{
-    return number ? QString::number(*number) : QStringLiteral("?");
-}
+const QString kUnknown = QStringLiteral("?");
 
 QSortFilterProxyModel& filterOf(const QTableView& view)
 {
@@ -29,20 +25,22 @@ QStandardItemModel& modelOf(const QTableView& view)
 
 } // namespace
 
-HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now)
+HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now, const LabelNames& names)
 {
     HistoryTable table;
     table.captions = {QStringLiteral("Begin"),  QStringLiteral("End"),   QStringLiteral("Duration"),
                       QStringLiteral("Ductor"), QStringLiteral("Label"), QStringLiteral("Speed")};
     for (std::size_t i = alarms.size(); i-- > 0;) { // the latest first
         const AlarmSpan& alarm = alarms[i];
-        const QString end = alarm.ended ? localTime(alarm.time.end, now)
-                            : now - alarm.time.end < 5 * kSecond
-                                ? QStringLiteral("still on")
-                                : QStringLiteral("off line ") + localTime(alarm.time.end, now);
+        const QString end =
+            alarm.ended ? localTime(alarm.time.end, alarm.time.begin)
+            : now - alarm.time.end < 5 * kSecond
+                ? QStringLiteral("still on")
+                : QStringLiteral("off line ") + localTime(alarm.time.end, alarm.time.begin);
         table.rows.push_back({localTime(alarm.time.begin, now), end,
                               durationText(alarm.time.length()), QString::number(alarm.ductor + 1),
-                              numberOrUnknown(alarm.label), numberOrUnknown(alarm.speed)});
+                              alarm.label ? labelText(*alarm.label, names) : kUnknown,
+                              alarm.speed ? QString::number(*alarm.speed) : kUnknown});
         table.times.push_back(alarm.time.begin);
     }
     return table;
@@ -75,6 +73,7 @@ QTableView* makeHistoryView(const char* name, const QString& tells)
     view->verticalHeader()->hide();
     view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() + kCellMargin);
     view->horizontalHeader()->setStretchLastSection(true);
+    view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     auto* filter = new QSortFilterProxyModel(view);
     filter->setSourceModel(new QStandardItemModel(filter));
     filter->setFilterKeyColumn(-1);

@@ -20,7 +20,8 @@ struct HistoryTable
 };
 
 /// Begin, end, duration, ductor, label and speed of each alarm, the latest first.
-HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now);
+HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now,
+                        const LabelNames& names = {});
 
 /// Time, window, register and values of each change, the latest first.
 HistoryTable changeTable(const std::vector<ChangeLine>& changes, UtcMs now);

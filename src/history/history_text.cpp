@@ -99,12 +99,12 @@ std::size_t endOfRun(const std::vector<WriteRow>& rows, std::size_t from)
     return end;
 }
 
-ChangeLine lineOf(const WriteRow& row)
+ChangeLine lineOf(const WriteRow& row, const LabelNames& names)
 {
     QString change = row.before + QStringLiteral(" -> ") + row.after;
     if (!row.confirmed)
         change += QStringLiteral(" (not confirmed)");
-    return {row.time, row.screen, writtenName(row), change, knownOf(row).ductor};
+    return {row.time, row.screen, writtenName(row, names), change, knownOf(row).ductor};
 }
 
 } // namespace
@@ -123,6 +123,28 @@ TimeSpan localDay(UtcMs time)
     return {day.startOfDay().toMSecsSinceEpoch(), day.addDays(1).startOfDay().toMSecsSinceEpoch()};
 }
 
+QString spanText(TimeSpan span)
+{
+    const QDateTime from = QDateTime::fromMSecsSinceEpoch(span.begin);
+    const QDateTime to = QDateTime::fromMSecsSinceEpoch(span.end);
+    const QDate last = QDateTime::fromMSecsSinceEpoch(span.end - 1).date();
+    const bool wholeDays = from == from.date().startOfDay() && to == last.addDays(1).startOfDay();
+    const QString begin = from.date().toString(Qt::ISODate);
+    if (wholeDays && last == from.date())
+        return begin;
+    return QStringLiteral("%1 to %2")
+        .arg(wholeDays ? begin : localTime(span.begin, 0),
+             wholeDays ? last.toString(Qt::ISODate) : localTime(span.end, span.begin));
+}
+
+QString labelText(std::int64_t label, const LabelNames& names)
+{
+    const QString number = QString::number(label);
+    if (label < 0 || label >= kLabels)
+        return number;
+    return (number + u' ' + names.of(static_cast<int>(label))).trimmed();
+}
+
 QString durationText(UtcMs span)
 {
     if (span < kMinute)
@@ -136,7 +158,7 @@ QString durationText(UtcMs span)
     return QStringLiteral("%1 d %2 h").arg(span / kDay).arg(span % kDay / kHour);
 }
 
-QString writtenName(const WriteRow& row)
+QString writtenName(const WriteRow& row, const LabelNames& names)
 {
     const Known known = knownOf(row);
     if (known.ductor < 0)
@@ -144,11 +166,11 @@ QString writtenName(const WriteRow& row)
     QString text = QStringLiteral("ductor %1 %2").arg(known.ductor + 1).arg(known.name);
     const int label = known.label >= 0 ? known.label : row.label.value_or(-1);
     if (label >= 0)
-        text.prepend(QStringLiteral("label %1, ").arg(label));
+        text.prepend(QStringLiteral("label %1, ").arg(labelText(label, names)));
     return known.running ? text + QStringLiteral(" (running)") : text;
 }
 
-std::vector<ChangeLine> changeLines(const std::vector<WriteRow>& rows)
+std::vector<ChangeLine> changeLines(const std::vector<WriteRow>& rows, const LabelNames& names)
 {
     std::vector<ChangeLine> lines;
     for (std::size_t at = 0; at < rows.size();) {
@@ -164,7 +186,7 @@ std::vector<ChangeLine> changeLines(const std::vector<WriteRow>& rows)
         }
         for (; at < end; ++at) {
             if (!hasTwin(rows, at))
-                lines.push_back(lineOf(shownOf(rows, at)));
+                lines.push_back(lineOf(shownOf(rows, at), names));
         }
     }
     return lines;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/label_names.h"
 #include "recorder/history_reader.h"
 
 #include <QString>
@@ -15,12 +16,19 @@ QString localTime(UtcMs time, UtcMs today);
 /// The PC's local day that `time` is in; 23 or 25 hours where the clocks change.
 TimeSpan localDay(UtcMs time);
 
+/// "2026-11-21 06:00:00 to 14:00:00", with both dates where they differ; of whole days the dates
+/// alone.
+QString spanText(TimeSpan span);
+
 /// "12 s", "24 min", "3 h 05 min", "2 d 4 h".
 QString durationText(UtcMs span);
 
-/// What a written register is, in words: "label 6, ductor 3 ON", "Response Time Compensation", or
-/// its address where nothing more is known.
-QString writtenName(const WriteRow& row);
+/// "6 Beer gold"; "6" for a label without a name.
+QString labelText(std::int64_t label, const LabelNames& names);
+
+/// What a written register is, in words: "label 6 Beer gold, ductor 3 ON", "Response Time
+/// Compensation", or its address where nothing more is known.
+QString writtenName(const WriteRow& row, const LabelNames& names);
 
 /// One line of the table of changes.
 struct ChangeLine
@@ -34,6 +42,7 @@ struct ChangeLine
 
 /// The changes as a person made them, in the order of `rows` (the latest first): a duration is
 /// written to the running and the stored register and is one change; a transfer is one line.
-std::vector<ChangeLine> changeLines(const std::vector<WriteRow>& rows);
+std::vector<ChangeLine> changeLines(const std::vector<WriteRow>& rows,
+                                    const LabelNames& names = {});
 
 } // namespace tambrix

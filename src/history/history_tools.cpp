@@ -2,12 +2,15 @@
 
 #include "history/history_window.h"
 #include "shell/news_line.h"
+#include "shell/screen.h"
 #include "shell/toolbar.h"
 #include "shell/tools_menu.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QSettings>
+
+#include <algorithm>
 
 namespace tambrix {
 
@@ -50,7 +53,8 @@ HistoryTools::~HistoryTools()
     m_state.recentSpeed = nullptr;
 }
 
-/// The window in front of all others, or else the screen.
+/// The window in front of all others, or else the screen. What a screen writes when it comes on
+/// line was nobody's wish, and is not to look like one.
 QString HistoryTools::writer() const
 {
     if (const QWidget* modal = QApplication::activeModalWidget()) {
@@ -58,7 +62,11 @@ QString HistoryTools::writer() const
         return transfer == nullptr ? modal->windowTitle() : transfer->text();
     }
     const auto* title = m_window.findChild<QLabel*>(QStringLiteral("lblScreenTitle"));
-    return title == nullptr ? QString() : title->text();
+    if (title == nullptr)
+        return {};
+    const QList<Screen*> screens = m_window.findChildren<Screen*>();
+    const bool byItself = std::ranges::any_of(screens, &Screen::comingOnline);
+    return byItself ? title->text() + QStringLiteral(" (coming on line)") : title->text();
 }
 
 QString HistoryTools::settings() const
@@ -83,9 +91,9 @@ QWidget* HistoryTools::makeWindow(QWidget& parent)
         else
             kept.remove(kUnseenKey);
     };
-    auto* window = new HistoryWindow(
-        {m_recorder, m_unseen.interval(), recordUnseen, m_state.prompts, m_state.dataRoot.path()},
-        &parent);
+    auto* window = new HistoryWindow({m_recorder, m_unseen.interval(), recordUnseen,
+                                      m_state.prompts, m_state.dataRoot.path(), m_state.labelNames},
+                                     &parent);
     window->setAttribute(Qt::WA_DeleteOnClose);
     return window;
 }

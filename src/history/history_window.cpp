@@ -103,14 +103,16 @@ void HistoryWindow::showPage(HistoryReader& reader)
 {
     const UtcMs now = m_source.recorder.now();
     PlotData plots = readPlotData(reader, m_span, m_ductor->currentIndex(), m_plots->width());
+    plots.names = m_source.labelNames;
     m_summary->setText(summaryOf(plots));
     m_plots->show(std::move(plots)); // what stands at the crosshair takes the place of the summary
-    const HistoryTable alarms = alarmTable(m_plots->data().alarms, now);
+    const HistoryTable alarms = alarmTable(m_plots->data().alarms, now, m_source.labelNames);
     if (alarms != m_alarmRows)
         showTable(*m_alarms, alarms);
     m_alarmRows = alarms;
     tellEmpty(*m_alarms, QStringLiteral("Alarms"), alarms);
-    const HistoryTable changes = changeTable(changeLines(reader.writes(m_span, kMostChanges)), now);
+    const HistoryTable changes =
+        changeTable(changeLines(reader.writes(m_span, kMostChanges), m_source.labelNames), now);
     if (changes != m_changeRows)
         showTable(*m_changes, changes);
     m_changeRows = changes;
@@ -189,7 +191,7 @@ void HistoryWindow::showDuctor()
     const QString file = m_source.recorder.store().path();
     const auto read = [file, this](int ductor) {
         HistoryReader reader(file);
-        return readDuctorReport(reader, ductor, m_source.recorder.now());
+        return readDuctorReport(reader, ductor, m_source.recorder.now(), m_source.labelNames);
     };
     auto* view = new DuctorView(read, m_ductor->currentIndex(), this);
     view->setAttribute(Qt::WA_DeleteOnClose);

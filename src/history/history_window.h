@@ -38,6 +38,7 @@ public:
         std::function<void(std::optional<int> seconds)> recordUnseen;
         Prompts& prompts;
         QString folder; ///< where files are saved first
+        const LabelNames& labelNames;
     };
 
     explicit HistoryWindow(const Source& source, QWidget* parent = nullptr);
@@ -51,7 +52,7 @@ private:
     QHBoxLayout* makeSpans();
     QWidget* makeTables();
     QWidget* makeTable(QTableView& view, const QString& title);
-    QHBoxLayout* makeRecordRow();
+    void addRecording(QHBoxLayout& row);
     QHBoxLayout* makeButtons();
     QPushButton* addButton(QHBoxLayout& row, const char* name, const char* caption,
                            std::function<void()> act);

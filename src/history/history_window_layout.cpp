@@ -26,6 +26,7 @@ namespace {
 constexpr QSize kSize(1200, 690);
 constexpr int kReloadAfter = 40; // ms
 constexpr int kTablesHeight = 150;
+constexpr int kFilterWidth = 180;
 
 QLabel* makeCaption(const char* text, QWidget& field)
 {
@@ -61,7 +62,6 @@ HistoryWindow::HistoryWindow(const Source& source, QWidget* parent)
     layout->addWidget(m_plots, 1);
     layout->addWidget(m_summary);
     layout->addWidget(makeTables());
-    layout->addLayout(makeRecordRow());
     layout->addLayout(makeButtons());
     connectPlots();
     CenterForm(*this);
@@ -83,6 +83,13 @@ QHBoxLayout* HistoryWindow::makeSpans()
     m_follow = addButton(*row, "cmdFollow", "&Follow", [this] { follow(); });
     m_follow->setCheckable(true);
     row->addStretch();
+    m_filter->setObjectName(QStringLiteral("txtHistoryFilter"));
+    m_filter->setAccessibleName(QStringLiteral("Show only rows that hold this text"));
+    m_filter->setPlaceholderText(QStringLiteral("in both tables"));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->setMaximumWidth(kFilterWidth);
+    row->addWidget(makeCaption("Fi&lter:", *m_filter));
+    row->addWidget(m_filter);
     m_ductor->setObjectName(QStringLiteral("cboDuctor"));
     m_ductor->setAccessibleName(QStringLiteral("Ductor whose cycles are plotted"));
     for (int d = 1; d <= kDuctors; ++d)
@@ -106,22 +113,14 @@ QWidget* HistoryWindow::makeTables()
     auto* tables = new QWidget;
     auto* row = new QHBoxLayout(tables);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(makeTable(*m_alarms, QStringLiteral("Alarms")), 1);
-    row->addWidget(makeTable(*m_changes, QStringLiteral("Changes")), 1);
+    row->addWidget(makeTable(*m_alarms, QStringLiteral("Alarms")), 4);
+    row->addWidget(makeTable(*m_changes, QStringLiteral("Changes")), 5);
     tables->setFixedHeight(kTablesHeight);
     return tables;
 }
 
-QHBoxLayout* HistoryWindow::makeRecordRow()
+void HistoryWindow::addRecording(QHBoxLayout& row)
 {
-    auto* row = new QHBoxLayout;
-    m_filter->setObjectName(QStringLiteral("txtHistoryFilter"));
-    m_filter->setAccessibleName(QStringLiteral("Show only rows that hold this text"));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->setMaximumWidth(kTablesHeight * 2);
-    row->addWidget(makeCaption("Fi&lter:", *m_filter));
-    row->addWidget(m_filter);
-    row->addStretch();
     m_unseen->setObjectName(QStringLiteral("chkRecordUnseen"));
     m_unseen->setToolTip(QStringLiteral("Reads counts, mode, label and durations even while no "
                                         "screen shows them. Screens refresh a little slower."));
@@ -132,9 +131,8 @@ QHBoxLayout* HistoryWindow::makeRecordRow()
     m_seconds->setValue(m_source.unseenInterval.value_or(UnseenReader::kUsual));
     m_seconds->setEnabled(m_source.unseenInterval.has_value());
     m_unseen->setChecked(m_source.unseenInterval.has_value());
-    row->addWidget(m_unseen);
-    row->addWidget(m_seconds);
-    return row;
+    row.addWidget(m_unseen);
+    row.addWidget(m_seconds);
 }
 
 QPushButton* HistoryWindow::addButton(QHBoxLayout& row, const char* name, const char* caption,
@@ -153,6 +151,8 @@ QHBoxLayout* HistoryWindow::makeButtons()
     addButton(*row, "cmdPrint", "&Print...", [this] { print(); });
     addButton(*row, "cmdSavePdf", "Sa&ve PDF...", [this] { savePdf(); });
     addButton(*row, "cmdCopyPicture", "&Copy Picture", [this] { copyPicture(); });
+    row->addStretch();
+    addRecording(*row);
     row->addStretch();
     addButton(*row, "cmdClose", "Close", [this] { close(); });
     return row;

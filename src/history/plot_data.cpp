@@ -136,7 +136,7 @@ QString valuesAt(const PlotData& data, UtcMs time)
             parts += QStringLiteral("%1 c/min").arg(*point.rate, 0, 'f', 1);
     }
     if (const auto label = valueIn(data.labels, time))
-        parts += QStringLiteral("label %1").arg(*label);
+        parts += QStringLiteral("label %1").arg(labelText(*label, data.names));
     return parts.join(QStringLiteral(", "));
 }
 
@@ -147,10 +147,9 @@ QString summaryOf(const PlotData& data)
         online += std::min(period.end, data.span.end) - std::max(period.begin, data.span.begin);
     if (data.online.empty())
         return QStringLiteral("Nothing recorded in this time: the program was off line.");
-    const QString from = localTime(data.span.begin, data.span.end);
-    return QStringLiteral("%1 to %2: on line %3; %4; %5.")
-        .arg(from, localTime(data.span.end, data.span.end), durationText(online),
-             speedSummary(data.speed), alarmSummary(data.alarms));
+    return QStringLiteral("%1: on line %2; %3; %4.")
+        .arg(spanText(data.span), durationText(online), speedSummary(data.speed),
+             alarmSummary(data.alarms));
 }
 
 } // namespace tambrix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/label_names.h"
 #include "recorder/history_reader.h"
 
 #include <QString>
@@ -25,12 +26,14 @@ struct PlotData
     std::vector<AlarmSpan> alarms;
     std::vector<ValueSpan> inputs; ///< their mode, see operatingMode()
     std::vector<ValueSpan> labels;
+    LabelNames names; ///< what this PC calls them
 };
 
 /// Reads it, in about `points` points.
 PlotData readPlotData(HistoryReader& reader, TimeSpan span, int ductor, int points);
 
-/// What is shown at `time`, for the crosshair: "1164 CPM, 23.1 c/min"; empty: nothing is known.
+/// What is shown at `time`, for the crosshair: "1164 CPM, 23.1 c/min, label 6 Beer gold"; empty:
+/// nothing is known.
 QString valuesAt(const PlotData& data, UtcMs time);
 
 /// What is plotted in words, for whoever cannot see it.

@@ -51,24 +51,43 @@ void CountsLog::add(UtcMs time, int ductor, std::int64_t count)
     }
     now = count;
     m_now.time = time;
-    const bool due = m_resetSince || time - m_stored.time >= kInterval;
-    // The eight are read one after the other: a row is made with the last of them.
-    if (ductor != kDuctors - 1 || !due || m_now.counts == m_stored.counts)
-        return;
-    m_ready.push_back(m_now);
-    m_stored = m_now;
+    if (ductor == kDuctors - 1) // the eight are read one after the other
+        passEnds();
+}
+
+/// Rows are made so that between two of them a ductor stands, or cycles evenly.
+void CountsLog::passEnds()
+{
+    const bool stands = m_now.counts == m_stored.counts;
+    const bool stoodBefore =
+        m_before.counts == m_stored.counts && m_before.time - m_stored.time >= kInterval;
+    if (!stands && stoodBefore)
+        keep(m_before);
+    if (m_resetSince || m_now.time - m_stored.time >= (stands ? kStandingInterval : kInterval))
+        keep(m_now);
+    m_before = m_now;
+}
+
+void CountsLog::keep(const CountsRow& row)
+{
+    m_ready.push_back(row);
+    m_stored = row;
     m_resetSince = false;
+}
+
+void CountsLog::end()
+{
+    if (m_now.time > m_stored.time)
+        keep(m_now);
 }
 
 void CountsLog::loseUnread(UtcMs before)
 {
     if (m_now.time >= before || m_now == CountsRow{})
         return;
-    if (m_now.counts != m_stored.counts)
-        m_ready.push_back(m_now);
+    end();
     m_ready.push_back({m_now.time + 1, {}});
-    m_now = {};
-    m_stored = {};
+    m_now = m_before = m_stored = {};
 }
 
 void CountsLog::take(HistoryBatch& batch)

@@ -31,20 +31,29 @@ private:
     std::vector<ValueRow> m_ready;
 };
 
-/// The cycling counts, which change with every stroke: no more than a row each ten seconds, and
-/// the count that each reset ends.
+/// The cycling counts, which change with every stroke: a row each ten seconds, or each minute while
+/// all stand, and the count that each reset ends.
 class CountsLog
 {
 public:
     static constexpr UtcMs kInterval = 10 * kSecond;
+    static constexpr UtcMs kStandingInterval = kMinute;
 
     void add(UtcMs time, int ductor, std::int64_t count);
     void loseUnread(UtcMs before);
+
+    /// Nothing more is read: what was read last is kept.
+    void end();
+
     void take(HistoryBatch& batch);
     void forget();
 
 private:
+    void passEnds();
+    void keep(const CountsRow& row);
+
     CountsRow m_now;           ///< as last read, and when
+    CountsRow m_before;        ///< as read in the pass before
     CountsRow m_stored;        ///< the row that was made last
     bool m_resetSince = false; ///< a reset came after it
     std::vector<CountsRow> m_ready;

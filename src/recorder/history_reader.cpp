@@ -11,10 +11,6 @@ namespace {
 
 constexpr int kSqlMost = 100'000; // rows of one question
 
-/// Rows of counts are no further apart than this while a ductor works.
-constexpr UtcMs kCountsApart = 130 * kSecond;
-constexpr UtcMs kShortestRate = 15 * kSecond;
-
 std::optional<int> wholeNumber(const QSqlQuery& row, int column)
 {
     return row.isNull(column) ? std::nullopt : std::optional(row.value(column).toInt());
@@ -23,6 +19,21 @@ std::optional<int> wholeNumber(const QSqlQuery& row, int column)
 TimeSpan common(TimeSpan one, TimeSpan other)
 {
     return {std::max(one.begin, other.begin), std::min(one.end, other.end)};
+}
+
+/// What each of these has for itself, in the order of their begins.
+std::vector<TimeSpan> unmixed(const std::vector<TimeSpan>& periods)
+{
+    std::vector<TimeSpan> alone;
+    UtcMs end = 0;
+    for (const TimeSpan& period : periods) {
+        if (!alone.empty())
+            alone.back().end = std::min(alone.back().end, period.begin);
+        alone.push_back({std::max(period.begin, end), period.end});
+        end = std::max(end, period.end);
+    }
+    std::erase_if(alone, [](const TimeSpan& span) { return span.length() <= 0; });
+    return alone;
 }
 
 /// The coarsest rows that still are one for every three points.
@@ -139,52 +150,16 @@ std::vector<SpeedRow> HistoryReader::speed(TimeSpan span, int points)
     return folded(line, std::max<UtcMs>(span.length() / std::max(points, 1), 1));
 }
 
-std::optional<HistoryReader::Count> HistoryReader::countAt(int ductor, UtcMs time, TimeSpan period)
-{
-    std::optional<Count> found;
-    const auto take = [&](const QSqlQuery& row) {
-        found = Count{row.value(0).toLongLong(), std::nullopt};
-        if (!row.isNull(1))
-            found->count = row.value(1).toLongLong();
-    };
-    const QString column = QStringLiteral("d%1").arg(ductor + 1);
-    select(QStringLiteral("SELECT t, %1 FROM counts WHERE t<=? AND t>=? ORDER BY t DESC LIMIT 1")
-               .arg(column),
-           {qint64{time}, qint64{period.begin}}, take);
-    return found;
-}
-
-std::optional<double> HistoryReader::rate(int ductor, TimeSpan piece, TimeSpan period)
-{
-    const auto from = countAt(ductor, piece.begin, period);
-    const auto to = countAt(ductor, piece.end, period);
-    if (!from || !to || !from->count || !to->count)
-        return std::nullopt;
-    if (from->time == to->time) // no other count for so long: it stood
-        return piece.end - to->time > kCountsApart ? std::optional(0.0) : std::nullopt;
-    qint64 cycles = *to->count - *from->count;
-    cycles += m_file.number(
-        QStringLiteral("SELECT sum(count) FROM reset WHERE ductor=? AND t>? AND t<=?"),
-        {ductor, qint64{from->time}, qint64{to->time}});
-    const bool stoodBefore = from->time < piece.begin - kCountsApart;
-    const bool standsAfter = to->time < piece.end - kCountsApart;
-    const UtcMs time =
-        (standsAfter ? piece.end : to->time) - (stoodBefore ? piece.begin : from->time);
-    if (time < kShortestRate || cycles < 0)
-        return std::nullopt;
-    return static_cast<double>(cycles * kMinute) / static_cast<double>(time);
-}
-
 std::vector<RatePoint> HistoryReader::cycles(int ductor, TimeSpan span, int points)
 {
     const UtcMs width = std::max<UtcMs>(kMinute, span.length() / std::max(points, 1));
+    const auto ask = [this](const auto&... question) { select(question...); };
     std::vector<RatePoint> found;
-    for (const TimeSpan& period : periods(span)) {
+    for (const TimeSpan& period : unmixed(periods(span))) {
+        CycleCounts counts(ask, ductor, period);
         const TimeSpan seen = common(period, span);
-        for (UtcMs at = seen.begin - seen.begin % width; at < seen.end; at += width) {
-            const TimeSpan piece = common({at, at + width}, seen);
-            found.push_back({piece, rate(ductor, piece, period)});
-        }
+        for (UtcMs at = seen.begin - seen.begin % width; at < seen.end; at += width)
+            found.push_back(counts.rate(common({at, at + width}, seen)));
     }
     return found;
 }

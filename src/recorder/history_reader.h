@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recorder/cycle_counts.h"
 #include "recorder/history_batch.h"
 #include "recorder/sql_file.h"
 
@@ -7,28 +8,11 @@
 
 namespace tambrix {
 
-/// From `begin` up to, and not including, `end`.
-struct TimeSpan
-{
-    UtcMs begin = 0;
-    UtcMs end = 0;
-
-    UtcMs length() const { return end - begin; }
-    bool contains(UtcMs time) const { return time >= begin && time < end; }
-};
-
 /// A value that held for some time. Times that are in no span were off line.
 struct ValueSpan
 {
     TimeSpan time;
     std::optional<std::int64_t> value; ///< none: nobody had read it
-};
-
-/// Cycles of one ductor per minute, as its counts tell.
-struct RatePoint
-{
-    TimeSpan time;
-    std::optional<double> rate; ///< none: the counts were not read
 };
 
 /// A feedback fault of one ductor from begin to end.
@@ -62,7 +46,9 @@ public:
     /// Machine speed in about `points` rows. A row without a range ends a line.
     std::vector<SpeedRow> speed(TimeSpan span, int points);
 
-    /// Cycles a minute of ductor 0 to 7 in about `points` pieces of a minute or longer.
+    /// Cycles a minute of ductor 0 to 7 in about `points` pieces of a minute or longer, each over
+    /// the time for which it is known. Where the PC's clock was set back, two times on line share
+    /// the same times of day: nothing is told of these.
     std::vector<RatePoint> cycles(int ductor, TimeSpan span, int points);
 
     /// The values of a register by its byte address, in order.
@@ -86,13 +72,6 @@ private:
     void select(const QString& sql, const QVariantList& values,
                 const std::function<void(const QSqlQuery&)>& row);
     std::optional<TimeSpan> periodAt(UtcMs time);
-    struct Count
-    {
-        UtcMs time = 0;
-        std::optional<std::int64_t> count;
-    };
-    std::optional<Count> countAt(int ductor, UtcMs time, TimeSpan period);
-    std::optional<double> rate(int ductor, TimeSpan piece, TimeSpan period);
     std::vector<SpeedRow> speedRows(std::size_t bin, TimeSpan span);
 
     SqlFile m_file;

@@ -220,6 +220,7 @@ void HistoryRecorder::endPeriod()
 {
     if (!m_begin)
         return;
+    m_counts.end();
     collect();
     m_store.append(m_batch);
     m_begin.reset();

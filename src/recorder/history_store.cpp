@@ -35,6 +35,27 @@ QString freePathBeside(const QFileInfo& file)
     return path(title);
 }
 
+/// A table whose rows become old: the columns that name a row, and the one with its time.
+struct Aging
+{
+    QString table;
+    QString key;
+    QString time;
+};
+
+std::vector<Aging> agingTables()
+{
+    const QString t = QStringLiteral("t");
+    std::vector<Aging> all = {
+        {QStringLiteral("counts"), t, t},
+        {QStringLiteral("written"), QStringLiteral("id"), t},
+        {QStringLiteral("reset"), QStringLiteral("ductor,t"), t},
+        {QStringLiteral("period"), QStringLiteral("t0"), QStringLiteral("t1")}};
+    for (std::size_t bin = 0; bin < kSpeedBins.size(); ++bin)
+        all.push_back({speedTable(bin), t, t});
+    return all;
+}
+
 /// Runs `insert` for every row, until one fails.
 template <typename Rows, typename Insert> SqlResult forAll(const Rows& rows, Insert insert)
 {
@@ -109,10 +130,16 @@ HistoryStore::Outcome HistoryStore::append(const HistoryBatch& batch)
         result = m_file.run(kCommit);
     if (result != SqlResult::Done)
         return failed(result);
-    if (!m_told.isEmpty())
-        m_tell(QStringLiteral("The history is recorded again."));
-    m_told.clear();
+    wentWell();
     return Outcome::Stored;
+}
+
+void HistoryStore::wentWell()
+{
+    if (m_told.isEmpty() || ++m_wentWell < kWellAgain)
+        return;
+    m_told.clear();
+    m_tell(QStringLiteral("The history is recorded again."));
 }
 
 HistoryStore::Outcome HistoryStore::failed(SqlResult result)
@@ -127,13 +154,13 @@ HistoryStore::Outcome HistoryStore::failed(SqlResult result)
         setAside();
         break;
     case SqlResult::Missing:
-        tellOnce(QStringLiteral("No history is recorded: %1").arg(reason));
+        tellOnce(QStringLiteral("No history is recorded:"), reason);
         break;
     default:
         m_file.close();
         tellOnce(QStringLiteral("The history cannot be written; recording goes on when it can "
-                                "again. %1")
-                     .arg(reason));
+                                "again."),
+                 reason);
     }
     return Outcome::Lost;
 }
@@ -216,38 +243,36 @@ void HistoryStore::prune(UtcMs now)
     if (!m_file.isOpen() || historyVersion(m_file) != kHistoryVersion)
         return;
     const qint64 limit = now - kRetention;
-    QStringList steps;
-    for (std::size_t bin = 0; bin < kSpeedBins.size(); ++bin)
-        steps += speedTable(bin);
-    steps += QStringLiteral("counts");
-    for (QString& table : steps)
-        table = QStringLiteral("DELETE FROM %1 WHERE t IN (SELECT t FROM %1 WHERE t<? ORDER BY t "
-                               "LIMIT %2)")
-                    .arg(table)
-                    .arg(kPruneStep);
-    steps += QStringLiteral("DELETE FROM written WHERE id IN (SELECT id FROM written WHERE t<? "
-                            "ORDER BY t LIMIT %1)")
-                 .arg(kPruneStep);
-    steps += QStringLiteral("DELETE FROM reset WHERE t<?");
-    steps += QStringLiteral("DELETE FROM period WHERE t1<?");
-    for (const QString& step : steps) {
-        if (const SqlResult result = m_file.run(step, {limit}); result != SqlResult::Done) {
+    for (const Aging& old : agingTables()) {
+        const SqlResult result = m_file.run(
+            QStringLiteral("DELETE FROM %1 WHERE (%2) IN (SELECT %2 FROM %1 WHERE %3<? ORDER BY %3 "
+                           "LIMIT %4)")
+                .arg(old.table, old.key, old.time)
+                .arg(kPruneStep),
+            {limit});
+        if (result != SqlResult::Done) {
             failed(result);
             return;
         }
     }
-    pruneValues(limit);
+    if (const SqlResult result = pruneValues(limit); result != SqlResult::Done)
+        failed(result);
 }
 
-/// One register a time. The last value before the limit stays: it holds until the next one.
-void HistoryStore::pruneValues(qint64 limit)
+/// One register after the other. The last value before the limit stays: it holds until the next.
+SqlResult HistoryStore::pruneValues(qint64 limit)
 {
-    m_prunedAddress = m_file.number(
-        QStringLiteral("SELECT min(address) FROM value WHERE address>?"), {m_prunedAddress}, -1);
-    if (m_prunedAddress >= 0)
-        m_file.run(QStringLiteral("DELETE FROM value WHERE address=? AND t<(SELECT max(t) FROM "
-                                  "value WHERE address=? AND t<?)"),
-                   {m_prunedAddress, m_prunedAddress, limit});
+    const SqlResult result = m_file.run(
+        QStringLiteral("DELETE FROM value WHERE address=? AND t IN (SELECT t FROM value WHERE "
+                       "address=? AND t<(SELECT max(t) FROM value WHERE address=? AND t<?) "
+                       "ORDER BY t LIMIT %1)")
+            .arg(kPruneStep),
+        {m_prunedAddress, m_prunedAddress, m_prunedAddress, limit});
+    if (result == SqlResult::Done && m_file.number(QStringLiteral("SELECT changes()")) < kPruneStep)
+        m_prunedAddress =
+            m_file.number(QStringLiteral("SELECT min(address) FROM value WHERE address>?"),
+                          {m_prunedAddress}, -1);
+    return result;
 }
 
 void HistoryStore::check()
@@ -285,12 +310,14 @@ void HistoryStore::setAside()
                      .arg(QDir::toNativeSeparators(m_path)));
 }
 
-void HistoryStore::tellOnce(const QString& text)
+/// The reason alone is no news: a full disk is told as one thing now, as another the next time.
+void HistoryStore::tellOnce(const QString& trouble, const QString& reason)
 {
-    if (m_told == text)
+    m_wentWell = 0;
+    if (m_told.contains(trouble))
         return;
-    m_told = text;
-    m_tell(text);
+    m_told += trouble;
+    m_tell((trouble + u' ' + reason).trimmed());
 }
 
 } // namespace tambrix

@@ -18,6 +18,10 @@ public:
     /// Longer ago is forgotten.
     static constexpr UtcMs kRetention = 90 * kDay;
 
+    /// Trouble is over when so many batches in a row could be stored: a disk that is full now and
+    /// again is one trouble.
+    static constexpr int kWellAgain = 10;
+
     /// `file` is made with its folder when the first batch comes.
     HistoryStore(QString file, std::function<void(const QString&)> tell);
     ~HistoryStore();
@@ -53,17 +57,19 @@ private:
     SqlResult insertSpeed(const HistoryBatch& batch);
     SqlResult insertCounts(const HistoryBatch& batch);
     SqlResult insertOthers(const HistoryBatch& batch);
-    void pruneValues(qint64 limit);
+    SqlResult pruneValues(qint64 limit);
     Outcome failed(SqlResult result);
     void setAside();
-    void tellOnce(const QString& text);
+    void tellOnce(const QString& trouble, const QString& reason = {});
+    void wentWell();
 
     QString m_path;
     std::function<void(const QString&)> m_tell;
     std::unique_ptr<QLockFile> m_lock;
     SqlFile m_file;
     qint64 m_prunedAddress = -1;
-    QString m_told; ///< the trouble that stands, as it was told
+    QStringList m_told; ///< of the trouble that stands, without the database's words for it
+    int m_wentWell = 0; ///< batches stored since it was last seen
 };
 
 } // namespace tambrix

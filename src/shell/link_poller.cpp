@@ -4,6 +4,7 @@
 #include "shell/program_state.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 #include <QWidget>
 
 namespace tambrix {
@@ -67,8 +68,10 @@ Task LinkPoller::run()
             co_await m_loop.pause(kOfflinePassInterval);
             continue;
         }
-        if (!std::exchange(m_entered, true))
+        if (!std::exchange(m_entered, true)) {
+            const QScopedValueRollback entering(m_entering, true);
             co_await m_view.enterOnline();
+        }
         if (m_state.canReachBoard())
             co_await m_view.onlinePass();
     }

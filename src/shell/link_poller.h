@@ -62,6 +62,9 @@ public:
 
     bool running() const { return m_loop.running(); }
 
+    /// Whether it is in the view's enterOnline().
+    bool entering() const { return m_entering; }
+
     /// Shows the look of the current mode anew with the next turn.
     void showAgain();
 
@@ -85,6 +88,7 @@ private:
     PolledView& m_view;
     Shown m_shown = Shown::Nothing;
     bool m_entered = false; ///< this on-line period has begun: enterOnline() has been called
+    bool m_entering = false;
     CooperativeLoop m_loop; // last: its frames are gone before anything that they use
 };
 

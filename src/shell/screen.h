@@ -33,6 +33,9 @@ public:
     /// stand.
     void reload();
 
+    /// What is read and written now begins a time on line; no user has asked for it.
+    bool comingOnline() const { return m_poller.entering(); }
+
 protected:
     /// Takes from the working data set what the screen keeps for itself. Nothing unless
     /// overridden; a screen calls it when it is made, too.

@@ -104,8 +104,9 @@ std::unique_ptr<QWidget> historyWindow(ProgramState& state)
     static const SteadyClock clock;
     auto* recorder = new HistoryRecorder(
         state.gLink, state.dataRoot.filePath(QStringLiteral("history.db")), {clock});
-    auto window = std::make_unique<HistoryWindow>(HistoryWindow::Source{
-        *recorder, 60, [](std::optional<int>) {}, state.prompts, state.dataRoot.path()});
+    auto window = std::make_unique<HistoryWindow>(
+        HistoryWindow::Source{*recorder, 60, [](std::optional<int>) {}, state.prompts,
+                              state.dataRoot.path(), state.labelNames});
     recorder->setParent(window.get());
     return window;
 }

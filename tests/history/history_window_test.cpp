@@ -3,6 +3,8 @@
 #include "history/history_tables.h"
 #include "history/history_tools.h"
 #include "history/history_window.h"
+#include "recorder/history_store.h"
+#include "screens/color_control_screen.h"
 #include "tests/support/window_rig.h"
 
 #include <QCheckBox>
@@ -27,7 +29,20 @@ struct HistoryRig : WindowRig
 {
     HistoryTools tools{state, *window, clock};
 
-    HistoryRig() { line.setBaud(0); }
+    HistoryRig() : WindowRig(screens())
+    {
+        line.setBaud(0);
+        state.labelNames.set(0, "Beer gold");
+    }
+
+    static ScreenTable screens()
+    {
+        ScreenTable table = defaultScreens();
+        table[static_cast<std::size_t>(ScreenId::ColorControl)] = [](ProgramState& shared) {
+            return std::make_unique<ColorControlScreen>(shared);
+        };
+        return table;
+    }
 
     HistoryWindow& open()
     {
@@ -77,10 +92,11 @@ TEST(HistoryWindowTest, ShowsWhatWasRecorded)
     ASSERT_EQ(rig.rows(shown, "tblAlarms"), 1);
     EXPECT_EQ(rig.cell(shown, "tblAlarms", 0, 1), "still on");
     EXPECT_EQ(rig.cell(shown, "tblAlarms", 0, 3), "3");
+    EXPECT_EQ(rig.cell(shown, "tblAlarms", 0, 4), "0 Beer gold");
     ASSERT_EQ(rig.rows(shown, "tblChanges"), 2); // running and stored are one change
     EXPECT_EQ(rig.cell(shown, "tblChanges", 0, 3), "***** -> *****");
     EXPECT_EQ(rig.cell(shown, "tblChanges", 1, 1), "Main Display");
-    EXPECT_TRUE(rig.cell(shown, "tblChanges", 1, 2).endsWith("ductor 3 ON"));
+    EXPECT_EQ(rig.cell(shown, "tblChanges", 1, 2), "label 0 Beer gold, ductor 3 ON");
     EXPECT_TRUE(rig.cell(shown, "tblChanges", 1, 3).endsWith(" -> 30"));
     const auto* plots = shown.findChild<HistoryPlots*>();
     EXPECT_TRUE(plots->accessibleDescription().contains("alarms of ductor 3: 1"));
@@ -149,6 +165,38 @@ TEST(HistoryWindowTest, TroubleStandsInTheMainWindowUntilItIsSeen)
     EXPECT_TRUE(news.text().startsWith("The history cannot be written"));
 }
 
+TEST(HistoryWindowTest, AWriteOfTheScreenItselfIsNotTakenForItsUsers)
+{
+    HistoryRig rig;
+    rig.window->showScreen(ScreenId::ColorControl);
+    rig.goOnline();
+    PressRig::turns(20);
+    rig.state.gLink.RSWrite("B63", "4");
+    rig.tools.recorder().flush();
+    HistoryWindow& shown = rig.open();
+    QTest::mouseClick(shown.findChild<QPushButton*>("cmdAll"), Qt::LeftButton);
+    ASSERT_EQ(rig.rows(shown, "tblChanges"), 2);
+    EXPECT_EQ(rig.cell(shown, "tblChanges", 0, 1), "Color Control");
+    EXPECT_EQ(rig.cell(shown, "tblChanges", 1, 1), "Color Control (coming on line)");
+}
+
+TEST(PlotDataTest, ADuctorIsExpectedToCycleInAutomaticOnly)
+{
+    const QTemporaryDir folder;
+    HistoryStore store(folder.filePath("history.db"), [](const QString&) {});
+    HistoryBatch batch;
+    batch.end = 100 * kSecond;
+    batch.speed[0].push_back({0, SpeedRange{1200, 1200, 1200}});
+    batch.values = {{0, 734, 200}, {0, 100, 1}, {50 * kSecond, 100, 2}, {60 * kSecond, 734, 100}};
+    store.append(batch);
+    HistoryReader reader(store.path());
+    QStringList rates;
+    for (const ExpectedPoint& point : readPlotData(reader, {0, 100 * kSecond}, 2, 1000).expected)
+        rates += QString::number(point.rate.value_or(-1));
+    rates.removeDuplicates();
+    EXPECT_EQ(rates, QStringList({"60", "0"}));
+}
+
 TEST(HistoryWindowTest, ReadsWhatIsNotShownOnlyWhenTicked)
 {
     HistoryRig rig;
@@ -169,6 +217,8 @@ TEST(HistoryText, ASummerTimeDayHasNoNegativeSpan)
     const UtcMs half = QDateTime({2026, 10, 25}, {0, 30}, Qt::UTC).toMSecsSinceEpoch();
     EXPECT_EQ(localDay(half).length(), 25 * kHour);
     EXPECT_EQ(localDay(half - 210 * kDay).length(), 23 * kHour);
+    EXPECT_EQ(spanText(localDay(half)), "2026-10-25");
+    EXPECT_EQ(spanText({half, half + 30 * kDay}), "2026-10-25 02:30:00 to 2026-11-24 01:30:00");
     const auto table = alarmTable({{2, {half, half + kHour}, true, 0, 6}}, half + 2 * kHour);
     EXPECT_EQ(table.rows[0].mid(0, 3), QStringList({"02:30:00", "02:30:00", "1 h 00 min"}));
     qunsetenv("TZ");
@@ -178,13 +228,16 @@ TEST(HistoryText, ASummerTimeDayHasNoNegativeSpan)
 
 TEST(HistoryText, AChangeIsOneLineAndATransferToo)
 {
-    const auto row = [](UtcMs time, const char* address, const char* after) {
-        return WriteRow{time, address, "26", after, "Color Control", 6, true};
+    const auto row = [](UtcMs time, const char* address, const char* after,
+                        const char* before = "26", bool confirmed = true) {
+        return WriteRow{time, address, before, after, "Color Control", 6, confirmed};
     };
-    const auto lines = changeLines({row(9000, "B1013", "30"), row(1010, "B3282", "30"),
-                                    row(1000, "B722", "30"), row(500, "B722", "31")});
+    const auto lines =
+        changeLines({row(9000, "B1013", "30", "20", false), row(1010, "B3282", "30", "?"),
+                     row(1000, "B722", "30"), row(500, "B722", "31")});
     ASSERT_EQ(lines.size(), 3u);
     EXPECT_EQ(lines[0].what, "Response Time Compensation");
+    EXPECT_EQ(lines[0].change, "20 -> 30 (not confirmed)");
     EXPECT_EQ(lines[1].what, "label 6, ductor 3 ON");
     EXPECT_EQ(lines[1].change, "26 -> 30");
     EXPECT_EQ(lines[2].what,

@@ -15,22 +15,15 @@ using namespace tambrix;
 
 namespace {
 
-struct MonitorRig
+struct MonitorRig : MaintenanceRig
 {
-    QTemporaryDir folder;
-    VirtualClock clock;
-    SimulatedBoard board;
-    SimulatedLine line{board};
-    SimulatedSerialPort port{line, clock};
     LineRecorder recorder{clock};
     TracedPort traced{port, recorder};
-    ScriptedPrompts person;
-    RSComm link{folder.path().toStdString(), clock, person};
+    RSComm& link = state.gLink;
     std::unique_ptr<LineMonitor> monitor;
 
     MonitorRig()
     {
-        board.press().stop();
         board.poke(1298, 0xD2);
         link.OpenRSComm(traced);
         link.RSWrite("B692", "150");

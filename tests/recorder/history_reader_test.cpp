@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace tambrix;
 
@@ -110,8 +111,38 @@ TEST(HistoryReader, CyclesComeFromCountsAcrossAReset)
     ASSERT_EQ(rates.size(), 10u);
     for (std::size_t minute = 0; minute < 5; ++minute)
         EXPECT_NEAR(rates[minute].rate.value_or(-1), 60, 0.5) << minute;
-    EXPECT_EQ(rates[8].rate, 0); // it stands: known, and no gap
     EXPECT_EQ(reader.cycles(1, History::span(0, 600), 10)[0].rate, std::nullopt);
+}
+
+/// Whatever begins or ends in a minute, its rate is that of the time that it is told for.
+TEST(HistoryReader, ARateIsOfTheTimeThatItsCountsCover)
+{
+    const History history;
+    const auto count = [](HistoryBatch& batch, int at, std::optional<int> cycles) {
+        batch.counts.push_back({History::at(at), {}});
+        batch.counts.back().counts[2] = cycles;
+    };
+    history.online(25, 205, [&](HistoryBatch& batch) {
+        count(batch, 30, 500); // read for the first time
+        for (int at = 40; at <= 70; at += 10)
+            count(batch, at, 500 + (at - 30) * 100 / 60);
+        count(batch, 75, 575);
+        count(batch, 135, 575); // it stood
+        count(batch, 150, 575);
+        count(batch, 200, 625);
+    });
+    history.online(180, 300, [&](HistoryBatch& batch) { // the PC's clock was set back
+        for (int at = 190; at <= 290; at += 10)
+            count(batch, at, 9000 + at);
+        count(batch, 291, std::nullopt);
+    });
+    HistoryReader reader(history.path);
+    std::string found;
+    for (const RatePoint& point : reader.cycles(2, History::span(0, 600), 10))
+        found += std::to_string((point.time.begin - kNoon) / kSecond) + "-" +
+                 std::to_string((point.time.end - kNoon) / kSecond) + ":" +
+                 (point.rate ? std::to_string(std::lround(*point.rate)) : "-") + " ";
+    EXPECT_EQ(found, "30-60:100 60-120:25 120-150:0 210-240:60 240-290:60 300-300:- ");
 }
 
 TEST(HistoryReader, AlarmsHaveTheirSpeedAndLabelAndEndOffLine)

@@ -128,7 +128,10 @@ TEST(HistoryRecorder, GapsAreNoStops)
     rig.clock.pause(30s); // nothing is read: a box is open
     rig.recorder.flush();
     rig.second({});
-    EXPECT_EQ(rig.periods(), "0 1, 62 62, 93 93");
+    rig.zero -= 2 * kSecond; // a small correction of the PC's clock: the time stands
+    rig.second({});
+    rig.second({});
+    EXPECT_EQ(rig.periods(), "0 1, 62 62, 93 94");
     rig.zero -= kHour; // the clock of the PC is set back
     rig.second({});
     rig.second({});
@@ -145,10 +148,12 @@ TEST(HistoryRecorder, NotesEveryWriteAndMasksThePasscode)
     rig.state.gLink.RSWrite("B722", " 31");
     rig.state.gLink.RSWrite("W690", "500");
     rig.state.gLink.RSWrite("W1298", "4711");
+    rig.state.gLink.RSWrite("B1299", "18");
     rig.second({});
     EXPECT_EQ(rig.rows("written", {"address", "old", "new", "screen", "label", "confirmed"}),
               "B722 26 30 Color Control 0 1, B722 30 31 Color Control 0 1, "
-              "W690 ? 500 Color Control 0 1, W1298 ***** ***** Color Control 0 1");
+              "W690 ? 500 Color Control 0 1, W1298 ***** ***** Color Control 0 1, "
+              "B1299 ***** ***** Color Control 0 1");
     EXPECT_EQ(rig.values(722), "0 26, 1 31");
 }
 
@@ -162,6 +167,13 @@ TEST(HistoryRecorder, CountsAreThinnedAndTheirResetsKept)
     }
     EXPECT_EQ(rig.rows("counts", {"t", "d1"}), "0 0, 10 10, 15 2");
     EXPECT_EQ(rig.rows("(SELECT *, t AS rowid FROM reset)", {"t", "ductor", "count"}), "15 0 14");
+    for (int i = 24; i < 100; ++i) { // it stands, and begins anew
+        if (i == 99)
+            rig.board.pokeWord(memory_map::shiftCount(0), 11);
+        rig.second({"D940", "D968"});
+    }
+    rig.state.setOnline(false);
+    EXPECT_EQ(rig.rows("counts", {"t", "d1"}), "0 0, 10 10, 15 2, 25 10, 85 10, 98 10, 99 11");
 }
 
 /// A press whose speed wanders by 5 CPM and whose counts go on, an hour of a week.

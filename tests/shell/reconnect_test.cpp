@@ -31,16 +31,10 @@ struct ScriptedSearch : PortSearch
 };
 
 /// A program on line that may lose its board, on a virtual clock.
-struct ReconnectRig
+struct ReconnectRig : PressBench
 {
-    QTemporaryDir folder;
-    VirtualClock clock;
-    SimulatedBoard board;
-    SimulatedLine line{board};
-    SimulatedSerialPort port{line, clock};
     LineRecorder recorder{clock};
     TracedPort linkPort{port, recorder};
-    ScriptedPrompts person;
     BoxWatch boxes{person};
     ProgramState state{QDir(folder.path()), linkPort, clock, boxes};
     ScriptedSearch search;

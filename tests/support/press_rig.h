@@ -13,9 +13,9 @@
 
 namespace tambrix {
 
-/// A whole press on a test bench: simulated controller, line, port, scripted person and program
-/// state, on a virtual clock and a program folder of its own.
-struct PressRig
+/// A press on a test bench: simulated controller, line, port and scripted person, on a virtual
+/// clock, and a program folder of its own.
+struct PressBench
 {
     QTemporaryDir folder;
     VirtualClock clock;
@@ -23,6 +23,11 @@ struct PressRig
     SimulatedLine line{board};
     SimulatedSerialPort port{line, clock};
     ScriptedPrompts person;
+};
+
+/// With the program state that belongs to it.
+struct PressRig : PressBench
+{
     ProgramState state{QDir(folder.path()), port, clock, person};
 
     PressRig() { state.InitSetupData(); }
