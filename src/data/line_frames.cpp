@@ -4,6 +4,8 @@
 #include "link/byte_exchange.h"
 #include "link/register_address.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace tambrix {
@@ -13,6 +15,10 @@ namespace {
 constexpr std::int16_t kReadCommand = 0x01;
 constexpr std::int16_t kWriteCommand = 0x02;
 constexpr std::int16_t kLoadCommand = 0x03;
+
+/// In the order of the modes; those without a name last for an exchange at most.
+constexpr std::array<std::string_view, 6> kModeNames = {"",      "",        "read",
+                                                        "write", "program", "other"};
 
 /// One of the two bytes of the passcode's word.
 bool isPasscode(std::uint16_t byteAddress)
@@ -26,6 +32,21 @@ bool isPasscode(std::uint16_t byteAddress)
 }
 
 } // namespace
+
+std::string_view LineFrames::mode() const
+{
+    return kModeNames[static_cast<std::size_t>(m_mode)];
+}
+
+bool LineFrames::beginIn(std::string_view mode)
+{
+    const auto found = std::find(kModeNames.begin(), kModeNames.end(), mode);
+    if (mode.empty() || found == kModeNames.end())
+        return false;
+    *this = LineFrames();
+    m_mode = static_cast<Mode>(found - kModeNames.begin());
+    return true;
+}
 
 LineRole LineFrames::take(const LineExchange& exchange)
 {

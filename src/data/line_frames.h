@@ -3,6 +3,7 @@
 #include "data/line_exchange.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace tambrix {
 
@@ -25,6 +26,15 @@ public:
     /// What the next exchange is for. A frame whose answer does not fit ends the mode, as it does
     /// for the link.
     LineRole take(const LineExchange& exchange);
+
+    /// The mode of the board: "read", "write", "program", "other"; empty where it is in none.
+    std::string_view mode() const;
+
+    /// Follows a board that has been in this mode before; false when there is none of this name.
+    bool beginIn(std::string_view mode);
+
+    /// Whether the next exchange begins a frame.
+    bool betweenFrames() const { return m_inFrame == 0; }
 
     /// Byte address of the frame under way or just ended, 0 to 65535.
     std::uint16_t address() const { return m_address; }
@@ -53,6 +63,8 @@ private:
 class PasscodeMask
 {
 public:
+    explicit PasscodeMask(const LineFrames& before = {}) : m_frames(before) {}
+
     LineExchange masked(LineExchange exchange);
 
     /// Whether the exchange just masked was answered as it should be.

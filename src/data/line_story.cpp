@@ -125,7 +125,7 @@ bool LineStory::follow(const LineTrace& trace)
 {
     const std::uint64_t before = m_next;
     const std::uint64_t forgotten = m_forgotten;
-    if (m_next < trace.begin()) { // overrun: what stands between is not known
+    if (m_next == 0 || m_next < trace.begin()) { // at an overrun what stands between is not known
         m_open.reset();
         m_frames = trace.framesBefore();
         m_next = trace.begin();

@@ -26,6 +26,9 @@ public:
     /// mode for days.
     const LineFrames& framesBefore() const { return m_before; }
 
+    /// For a trace that is still empty: how the line stood before it.
+    void beginAfter(const LineFrames& before) { m_before = before; }
+
     /// Numbers of the exchanges held: `begin()` up to, and not including, `end()`.
     std::uint64_t begin() const { return m_end - m_exchanges.size(); }
     std::uint64_t end() const { return m_end; }

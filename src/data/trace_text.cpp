@@ -19,6 +19,10 @@ constexpr std::uint64_t kKeptExchanges = 2000;
 constexpr qsizetype kKeptFiles = 20;
 const QString kKeptNames = QStringLiteral("Trace *-*-* *-*-*.txt");
 
+/// Heads a text that begins while the board is in a mode: its bytes alone would not tell.
+const QByteArray kModeLineBegin = QByteArrayLiteral("# board in ");
+const QByteArray kModeLineEnd = QByteArrayLiteral(" mode");
+
 double seconds(Duration time)
 {
     return std::chrono::duration<double>(time).count();
@@ -70,6 +74,12 @@ public:
     Pairing(const Pairing&) = delete;
     Pairing& operator=(const Pairing&) = delete;
 
+    void beginAfter(const LineFrames& before)
+    {
+        m_trace.beginAfter(before);
+        m_mask = PasscodeMask(before);
+    }
+
     void take(const TracedByte& byte)
     {
         if (byte.toBoard) {
@@ -99,13 +109,38 @@ private:
     std::optional<LineExchange> m_open;
 };
 
+/// The line that heads a text beginning here; nothing where the bytes will tell.
+QByteArray modeLine(const LineFrames& frames)
+{
+    const std::string_view mode = frames.mode();
+    return mode.empty()
+               ? QByteArray()
+               : kModeLineBegin + QByteArray(mode.data(), mode.size()) + kModeLineEnd + '\n';
+}
+
+std::optional<LineFrames> framesOf(const QByteArray& modeLine)
+{
+    const QByteArray line = modeLine.trimmed();
+    if (!line.startsWith(kModeLineBegin) || !line.endsWith(kModeLineEnd))
+        return std::nullopt;
+    LineFrames frames;
+    const QByteArray mode = line.mid(kModeLineBegin.size()).chopped(kModeLineEnd.size());
+    if (!frames.beginIn(std::string_view(mode.data(), static_cast<std::size_t>(mode.size()))))
+        return std::nullopt;
+    return frames;
+}
+
 } // namespace
 
 QByteArray traceText(const LineTrace& trace, std::uint64_t most)
 {
-    QByteArray text;
-    for (std::uint64_t number = trace.end() - std::min(most, trace.end() - trace.begin());
-         number != trace.end(); ++number) {
+    LineFrames frames = trace.framesBefore();
+    std::uint64_t number = trace.begin();
+    const std::uint64_t first = trace.end() - std::min(most, trace.end() - trace.begin());
+    for (; number != trace.end() && (number < first || !frames.betweenFrames()); ++number)
+        frames.take(trace.at(number));
+    QByteArray text = modeLine(frames);
+    for (; number != trace.end(); ++number) {
         const LineExchange& exchange = trace.at(number);
         addByte(text, exchange.sent, '>', exchange.out);
         addByte(text, exchange.sent + exchange.took, '<', exchange.in);
@@ -132,6 +167,10 @@ QString readTrace(QIODevice& text, LineTrace& trace)
         const QByteArray line = text.readLine(kLongestLine);
         if (line.trimmed().isEmpty())
             continue;
+        if (const auto before = framesOf(line); before && number == 1) {
+            pairing.beginAfter(*before);
+            continue;
+        }
         const auto byte = tracedByte(line);
         if (!byte)
             return QStringLiteral("Line %1 is none of a trace: %2")

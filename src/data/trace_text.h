@@ -14,7 +14,8 @@ class QIODevice;
 namespace tambrix {
 
 /// The exchanges as text, one byte a line: time in seconds, ">" to the board or "<" from it, and
-/// the byte in hexadecimal; "**" where it belongs to the passcode. The newest `most` of them.
+/// the byte in hexadecimal; "**" where it belongs to the passcode. The newest `most` of them, from
+/// the first frame on; "# board in read mode" heads what begins in a mode.
 QByteArray traceText(const LineTrace& trace, std::uint64_t most = UINT64_MAX);
 
 /// Saves the newest 2,000 exchanges as a file named after the time `now` into `folder`, which is

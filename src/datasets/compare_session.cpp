@@ -98,7 +98,6 @@ Task CompareSession::compareTask()
     }
     if (!begin())
         co_return finish(QStringLiteral("The controller cannot be read: the program is off line."));
-    std::optional<RunningValues> running;
     if (const bool live = left.kind == Kind::Controller; live || right.kind == Kind::Controller) {
         co_await readController(QStringLiteral("Reading the controller"),
                                 live ? &m_rightData : &m_leftData);

@@ -71,6 +71,16 @@ Task writeTwoOfThree(DemoStage& stage)
     co_await stage.step({}, {}, [&stage] { return &stage.frontWindow() == &stage.window(); });
 }
 
+/// What a set-up file does not hold goes on paper; it is shown only.
+Task showBoardSheet(DemoStage& stage)
+{
+    stage.triggerMenu("mnuToolsBoardSheet");
+    co_await stage.waitForWindow("frmReportPreview", "What only the board holds stands on a sheet",
+                                 "board-sheet");
+    stage.later([&stage] { stage.frontWindow().close(); });
+    co_await stage.step({}, {}, [&stage] { return &stage.frontWindow() == &stage.window(); });
+}
+
 } // namespace
 
 Task demoCompare(DemoStage& stage)
@@ -85,6 +95,7 @@ Task demoCompare(DemoStage& stage)
     stage.press("cmdCompare");
     co_await watchReading(stage, "Every value that differs is listed", "compare", "differ");
     co_await writeTwoOfThree(stage);
+    co_await showBoardSheet(stage);
     co_await stage.goOffline();
 }
 

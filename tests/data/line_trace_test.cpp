@@ -63,6 +63,10 @@ TEST(LineTraceTest, KnowsTheModeThatTheBoardHasBeenInForLong)
         rig.link.RSRead("W690");
     const std::string told = story(rig.recorder.trace());
     EXPECT_TRUE(told.ends_with("read W690 = 1830; read W690 = 1830; ")) << told.substr(0, 80);
+    rig.link.RSRead("W1298");
+    LineTrace loaded(1000);
+    EXPECT_EQ(read(traceText(rig.recorder.trace(), 9), loaded), ""); // begins within a frame
+    EXPECT_EQ(story(loaded), "read W690 = 1830; read W1298 = ****; ");
 }
 
 TEST(LineTraceTest, TellsASessionAndKeepsThePasscodeToItself)
