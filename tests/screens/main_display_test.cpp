@@ -1,6 +1,5 @@
 #include "tests/support/window_rig.h"
 
-#include <QAccessible>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -22,29 +21,6 @@ struct DisplayRig : WindowRig
     QString speed() const { return control<QLabel>("lblDisplay").text(); }
     QPushButton& reset() const { return control<QPushButton>("cmdAlarmReset"); }
     QString messages() const { return control<QPlainTextEdit>("txtMessageDisplay").toPlainText(); }
-};
-
-/// What a screen reader is told to say at once.
-struct Alerts
-{
-    static inline QStringList told;
-    QAccessible::UpdateHandler m_before = QAccessible::installUpdateHandler(hear);
-
-    Alerts()
-    {
-        told.clear();
-        QAccessible::setActive(true);
-    }
-    ~Alerts()
-    {
-        QAccessible::setActive(false);
-        QAccessible::installUpdateHandler(m_before);
-    }
-    static void hear(QAccessibleEvent* event)
-    {
-        if (event->type() == QAccessible::Alert)
-            told << event->accessibleInterface()->text(QAccessible::Name);
-    }
 };
 
 } // namespace
@@ -81,20 +57,4 @@ TEST(MainDisplayTest, ABrokenLineDropsTheWholeProgramOffLineWithOneBox)
     rig.reset().setEnabled(true);
     rig.reset().click();
     EXPECT_EQ(rig.line.exchanges(), exchanges);
-}
-
-TEST(MainDisplayTest, ChangesOfModeAndAlarmsAreSpoken)
-{
-    DisplayRig rig;
-    const Alerts alerts;
-    rig.window->goOnline();
-    EXPECT_EQ(Alerts::told.filter("Online").size(), 1);
-    rig.board.press().raiseAlarm(2);
-    EXPECT_TRUE(PressRig::eventually([] { return !Alerts::told.filter("Ductor 3").isEmpty(); }))
-        << Alerts::told.join("; ").toStdString();
-    rig.reset().click();
-    EXPECT_TRUE(PressRig::eventually([] { return !Alerts::told.filter("No alarm").isEmpty(); }))
-        << Alerts::told.join("; ").toStdString();
-    rig.window->goOffline();
-    EXPECT_EQ(Alerts::told.filter("Offline").size(), 1);
 }
