@@ -1,10 +1,11 @@
-// A long day on line with a fault of the line every minute: nothing may grow or leak.
+// A long day on line with a fault of the line every minute, recorded: nothing may grow or leak.
 //   tambrix_soak [--hours N]     N simulated hours on a clock that only waits move (24)
 //   tambrix_soak --real HOURS    the same in real time, at the wire's own pace
 
 #include "bench/figures.h"
 #include "bench/link_under_test.h"
 #include "bench/window_under_test.h"
+#include "recorder/history_recorder.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
 #include "screens/main_display.h"
@@ -33,7 +34,9 @@ using namespace std::chrono_literals;
 
 constexpr int kBaud = 9600;
 constexpr auto kFaultEvery = 1min;
-constexpr auto kScreenEvery = 7min; // each of the five is shown some 40 times a day
+constexpr auto kRecordEvery = 1s;
+constexpr UtcMs kMidnight = 1'798'675'200'000; // some day's, in UTC
+constexpr auto kScreenEvery = 7min;            // each of the five is shown some 40 times a day
 constexpr int kSamplesPerQuarter = 6;
 constexpr int kSamples = 4 * kSamplesPerQuarter;
 constexpr double kGrowthAim = 1.01;
@@ -100,6 +103,7 @@ private:
     {
         const Duration start = m_clock.now();
         Duration nextFault = start + kFaultEvery;
+        Duration nextRecord = start + kRecordEvery;
         Duration nextScreen = start + kScreenEvery;
         while (static_cast<int>(m_samples.size()) < kSamples) {
             co_await m_loop.pendingEvents();
@@ -108,6 +112,10 @@ private:
             if (now >= nextFault) {
                 disturb();
                 nextFault = now + kFaultEvery;
+            }
+            if (now >= nextRecord) {
+                m_recorder.flush(); // its own timer follows the real clock
+                nextRecord = now + kRecordEvery;
             }
             if (now >= nextScreen) {
                 m_window.showScreen(static_cast<ScreenId>(++m_screens % kScreens));
@@ -118,6 +126,12 @@ private:
         }
         tell();
         QApplication::quit();
+    }
+
+    UtcMs timeOfDay() const
+    {
+        return kMidnight +
+               std::chrono::duration_cast<std::chrono::milliseconds>(m_clock.now()).count();
     }
 
     void stayOnline()
@@ -172,6 +186,8 @@ private:
         tellGrowth("memory", &Sample::memory, "MiB");
         tellGrowth("memory given out", &Sample::heap, "MiB");
         tellGrowth("handles", &Sample::handles, "");
+        report("history", static_cast<double>(std::filesystem::file_size(m_history)) / kMebibyte,
+               "MiB");
         const double drift = quarter(&Sample::exchanges, 3) / quarter(&Sample::exchanges, 0);
         report("exchanges in an hour, last quarter, times the first's", drift, "");
     }
@@ -182,6 +198,10 @@ private:
     BuiltInController m_controller{m_clock};
     CountingOperator m_nobody;
     ProgramState m_state;
+    const std::filesystem::path m_history = m_folder.path() / "History.sqlite";
+    HistoryRecorder m_recorder{m_state.gLink,
+                               QString::fromStdString(m_history.string()),
+                               {m_clock, [this] { return timeOfDay(); }}};
     MainWindow m_window;
     const std::vector<NamedFault> m_faults = everyFault();
     std::minstd_rand m_random{1};

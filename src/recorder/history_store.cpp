@@ -101,6 +101,8 @@ SqlResult HistoryStore::open()
         result = m_file.run(QStringLiteral("PRAGMA journal_mode=WAL"));
     if (result == SqlResult::Done)
         result = m_file.run(QStringLiteral("PRAGMA synchronous=NORMAL"));
+    if (result == SqlResult::Done) // KiB; it only appends, and the program runs for months
+        result = m_file.run(QStringLiteral("PRAGMA cache_size=-128"));
     if (result == SqlResult::Done && historyVersion(m_file) <= kHistoryVersion)
         result = makeHistoryTables(m_file);
     if (result != SqlResult::Done)

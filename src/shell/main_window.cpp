@@ -1,5 +1,6 @@
 #include "shell/main_window.h"
 
+#include "controls/frame_limit.h"
 #include "data/link_text.h"
 #include "data/parameters.h"
 #include "shell/file_drop.h"
@@ -54,6 +55,7 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
             [this] { m_state.setOnline(!m_state.gLink.OnlineMode); });
     connect(&m_files, &FileCommands::captionChanged, this, &MainWindow::showCaption);
     connect(&m_files.recent(), &RecentFiles::changed, this, &MainWindow::showRecentFiles);
+    new FrameLimit(*this);
     new WindowBelow(*this);
     new FileDrop(*this, [this](const QString& file) { m_files.openFile(file); });
     connect(&m_state, &ProgramState::onlineModeApplied, this, &MainWindow::showMode);
