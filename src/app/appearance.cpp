@@ -2,6 +2,7 @@
 
 #include "controls/calm_style.h"
 #include "controls/palettes.h"
+#include "controls/plain_texts.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -90,6 +91,7 @@ bool wantsDark(Theme theme)
 void applyAppearance(bool styleAskedFor, Theme theme)
 {
     QApplication::setWindowIcon(programIcon());
+    new PlainTexts(qApp); // the application owns it
 #ifdef Q_OS_WIN
     new FrameTone(*qApp);
 #endif

@@ -1,6 +1,7 @@
 #include "help/help_book.h"
 
-#include <QFile>
+#include "data/whole_file.h"
+
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
@@ -32,10 +33,7 @@ HelpBook::HelpBook(const QString& contentsFile)
 
 void HelpBook::readContents(const QString& contentsFile)
 {
-    QFile file(contentsFile);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    QXmlStreamReader xml(&file);
+    QXmlStreamReader xml(readWholeFile(contentsFile, kLongestFile).value_or(QByteArray()));
     int lists = 0;
     while (!xml.atEnd()) {
         xml.readNext();
@@ -52,12 +50,12 @@ void HelpBook::readContents(const QString& contentsFile)
 void HelpBook::readTopic(const QUrl& url)
 {
     Topic& topic = m_topics[url];
-    QFile file(url.toLocalFile());
-    if (!file.open(QIODevice::ReadOnly)) {
-        topic.error = file.errorString();
+    const auto page = readWholeFile(url.toLocalFile(), kLongestFile);
+    if (!page) {
+        topic.error = whyUnread(url.toLocalFile(), kLongestFile);
         return;
     }
-    QXmlStreamReader xml(&file);
+    QXmlStreamReader xml(*page);
     while (!xml.atEnd()) {
         xml.readNext();
         if (xml.isCharacters())

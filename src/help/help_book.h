@@ -29,6 +29,8 @@ struct HelpHit
 class HelpBook
 {
 public:
+    static constexpr qint64 kLongestFile = 4 << 20; ///< bytes, of a page or a picture
+
     /// Reads the contents and every topic that they link to. A file that is not there leaves the
     /// book empty.
     explicit HelpBook(const QString& contentsFile);

@@ -1,15 +1,16 @@
 #include "help/help_window.h"
 
 #include "controls/line_icon.h"
+#include "help/help_page.h"
 
 #include <QAction>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSplitter>
-#include <QTextBrowser>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -31,7 +32,7 @@ constexpr int kPageMargin = 14;
 HelpWindow::HelpWindow(const HelpBook& book, QWidget* parent)
     : QMainWindow(parent, Qt::Window),
       m_book(book),
-      m_page(new QTextBrowser),
+      m_page(new HelpPage(QFileInfo(book.frontPage().toLocalFile()).path())),
       m_contents(new QTreeWidget),
       m_hits(new QListWidget),
       m_words(new QLineEdit)

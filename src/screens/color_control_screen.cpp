@@ -218,10 +218,10 @@ void ColorControlScreen::showLabelName()
                              : QFileInfo(labelNamesFile(state().gFileNamePath)).fileName();
     m_labelName->setValue(
         m_labelName->fontMetrics().elidedText(name, Qt::ElideRight, m_labelName->width()));
-    const QString tip = name.isEmpty()
-                            ? QString()
-                            : QStringLiteral("<p>%1 (from %2; the controller knows no names)</p>")
-                                  .arg(name.toHtmlEscaped(), file.toHtmlEscaped());
+    const QString tip =
+        name.isEmpty()
+            ? QString()
+            : QStringLiteral("%1\n(from %2; the controller knows no names)").arg(name, file);
     const auto role = online() ? QPalette::PlaceholderText : QPalette::WindowText;
     if (m_labelName->toolTip() != tip) // this runs every turn: nothing is painted without need
         m_labelName->setToolTip(tip);

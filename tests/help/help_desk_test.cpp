@@ -21,6 +21,7 @@
 #include <QMessageBox>
 #include <QPdfWriter>
 #include <QPushButton>
+#include <QTextBrowser>
 #include <QToolBar>
 
 #include <gtest/gtest.h>
@@ -166,6 +167,10 @@ TEST(HelpWindowTest, SearchBackAndForward)
     EXPECT_EQ(help.currentTopic().fileName(), "TMBRX.hlp");
     action("cmdHelpForward")->trigger();
     EXPECT_EQ(help.currentTopic().fileName(), "troubleshooting.html");
+
+    auto* page = help.findChild<QTextBrowser*>("txtHelp");
+    for (const char* outside : {"/dev/zero", "../../README.md", "http://127.0.0.1/a.png"})
+        EXPECT_TRUE(page->loadResource(QTextDocument::HtmlResource, QUrl(outside)).isNull());
 
     help.findChild<QLineEdit*>("txtHelpSearch")->setText("latency xyzzy");
     EXPECT_EQ(hits->item(0)->text(), "No topic holds these words.");
