@@ -138,7 +138,7 @@ QString csvText(const std::vector<QStringList>& table, QChar separator)
 
 QString guarded(const QString& text)
 {
-    const bool formula = !text.isEmpty() && QStringLiteral("=+-@'").contains(text.front());
+    const bool formula = !text.isEmpty() && QStringLiteral("=+-@'\t\r\n").contains(text.front());
     return formula ? u'\'' + text : text;
 }
 

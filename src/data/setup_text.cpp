@@ -22,7 +22,6 @@ constexpr std::size_t kEntries = gDataUpperBound + 1;
 constexpr std::size_t kHeadRows = 2;
 constexpr std::size_t kHeadFields = 3; // format, number, version
 constexpr std::size_t kColumns = 6;    // entry, name, register, unit, value, label name
-constexpr qsizetype kLongestText = 1 << 20;
 
 const QStringList kCaptions = {QStringLiteral("Entry"),    QStringLiteral("Name"),
                                QStringLiteral("Register"), QStringLiteral("Unit"),
@@ -98,7 +97,7 @@ std::optional<TextFault> takeRow(const CsvRow& row, std::size_t entry, NamedSetu
         return row[5].fault(QStringLiteral("a label's name stands beside its first value"));
     if (label >= 0)
         setup.names.set(label, unguarded(row[5].text));
-    setup.record.Address[entry] = row[2].text.toLatin1().toStdString();
+    setup.record.Address[entry] = unguarded(row[2].text).toLatin1().toStdString();
     setup.record.Value[entry] = *value;
     return std::nullopt;
 }
@@ -164,11 +163,13 @@ QByteArray setupCsv(const NamedSetup& setup)
 {
     const SetupDataRecord& record = setup.record;
     std::vector<QStringList> table = {
-        {kFormat, QString::number(kFormatVersion), QString::fromLatin1(record.Version)}, kCaptions};
+        {kFormat, QString::number(kFormatVersion), guarded(QString::fromLatin1(record.Version))},
+        kCaptions};
     for (std::size_t i = 0; i < kEntries; ++i) {
         const int label = labelBeginning(i);
-        table.push_back({QString::number(i), nameOfEntry(i), QString::fromLatin1(record.Address[i]),
-                         unitOfEntry(i), QString::number(record.Value[i]),
+        table.push_back({QString::number(i), nameOfEntry(i),
+                         guarded(QString::fromLatin1(record.Address[i])), unitOfEntry(i),
+                         QString::number(record.Value[i]),
                          label < 0 ? QString() : guarded(setup.names.of(label))});
     }
     return csvText(table).toUtf8();
@@ -176,7 +177,7 @@ QByteArray setupCsv(const NamedSetup& setup)
 
 std::variant<NamedSetup, TextFault> readSetupCsv(const QByteArray& text)
 {
-    if (text.size() > kLongestText)
+    if (text.size() > kLongestSetupText)
         return TextFault{1, 1, QStringLiteral("far too long for a data set")};
     auto parsed = readCsv(text, kEntries + kHeadRows);
     if (const auto* fault = std::get_if<TextFault>(&parsed))
@@ -185,7 +186,7 @@ std::variant<NamedSetup, TextFault> readSetupCsv(const QByteArray& text)
     undoSpreadsheet(rows);
     if (const auto fault = checkHead(rows))
         return *fault;
-    NamedSetup setup = emptySetup(rows[0][2].text);
+    NamedSetup setup = emptySetup(unguarded(rows[0][2].text));
     for (std::size_t i = 0; i + kHeadRows < rows.size(); ++i) {
         if (const auto fault = takeRow(rows[i + kHeadRows], i, setup))
             return *fault;
@@ -215,7 +216,7 @@ QByteArray setupJson(const NamedSetup& setup)
 
 std::variant<NamedSetup, TextFault> readSetupJson(const QByteArray& text)
 {
-    if (text.size() > kLongestText)
+    if (text.size() > kLongestSetupText)
         return TextFault{1, 1, QStringLiteral("far too long for a data set")};
     QJsonParseError error;
     const QJsonObject root = QJsonDocument::fromJson(text, &error).object();

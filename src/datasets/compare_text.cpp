@@ -1,5 +1,7 @@
 #include "datasets/compare_text.h"
 
+#include "data/csv_text.h"
+#include "data/guarded_table.h"
 #include "data/link_text.h"
 
 namespace tambrix {
@@ -96,10 +98,7 @@ std::vector<QStringList> comparisonTable(const Comparison& comparison, const QSt
 
 QString asTabText(const std::vector<QStringList>& table)
 {
-    QStringList lines;
-    for (const QStringList& row : table)
-        lines += row.join(u'\t');
-    return lines.join(u'\n') + u'\n';
+    return csvText(guardedTable(table), u'\t');
 }
 
 QString asHtml(const std::vector<QStringList>& table, const QString& title)

@@ -1,6 +1,7 @@
 #include "datasets/compare_window.h"
 
 #include "data/csv_text.h"
+#include "data/guarded_table.h"
 #include "data/whole_file.h"
 #include "datasets/compare_text.h"
 
@@ -215,7 +216,7 @@ void CompareWindow::saveCsv()
          QStringLiteral("csv")});
     if (!path)
         return;
-    const auto failure = writeWholeFile(*path, csvText(table()).toUtf8());
+    const auto failure = writeWholeFile(*path, csvText(guardedTable(table())).toUtf8());
     say(failure ? QStringLiteral("The list could not be saved: %1.").arg(*failure)
                 : QStringLiteral("Saved as %1.").arg(QFileInfo(*path).fileName()));
 }

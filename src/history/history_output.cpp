@@ -1,10 +1,13 @@
 #include "history/history_output.h"
 
 #include "data/csv_text.h"
+#include "data/guarded_table.h"
 
 #include <QDateTime>
 #include <QTextDocument>
 #include <QUrl>
+
+#include <utility>
 
 namespace tambrix {
 
@@ -73,7 +76,7 @@ QByteArray historyCsv(const HistoryPage& page)
     addSpeed(page.plots, table);
     addTable(page.alarms, QStringLiteral("alarm"), table);
     addTable(page.changes, QStringLiteral("change"), table);
-    return QByteArrayLiteral("\xEF\xBB\xBF") + csvText(table).toUtf8();
+    return QByteArrayLiteral("\xEF\xBB\xBF") + csvText(guardedTable(std::move(table))).toUtf8();
 }
 
 std::unique_ptr<QTextDocument> historyDocument(const HistoryPage& page, const QPixmap& plots)

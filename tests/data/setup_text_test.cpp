@@ -34,6 +34,8 @@ TEST(SetupText, ReadsBackWhatItWrote)
 {
     const NamedSetup setup = hostile();
     EXPECT_EQ(std::get<NamedSetup>(readSetupCsv(setupCsv(setup))), setup);
+    EXPECT_FALSE(setupCsv(setup).contains(",=") || setupCsv(setup).contains(",\"="))
+        << "a spreadsheet would reckon";
     EXPECT_EQ(std::get<NamedSetup>(readSetupJson(setupJson(setup))), setup);
     const NamedSetup plain{defaultSetupData("V"), {}};
     QByteArray text = setupCsv(plain);
