@@ -1,8 +1,8 @@
 #include "app/first_run.h"
 
-#include <QDir>
+#include "data/own_file.h"
+
 #include <QFile>
-#include <QFileInfo>
 
 namespace tambrix {
 
@@ -19,9 +19,7 @@ void FirstRun::modeApplied(bool online)
     if (!online || m_state.everConnected || m_state.gLink.CommError)
         return;
     m_state.everConnected = true;
-    QDir().mkpath(QFileInfo(m_markFile).path());
-    QFile mark(m_markFile);
-    mark.open(QIODevice::WriteOnly);
+    writeOwnFile(m_markFile, {});
 }
 
 } // namespace tambrix

@@ -1,6 +1,7 @@
 #include "app/window_memory.h"
 
-#include <QSettings>
+#include "data/own_file.h"
+
 #include <QWidget>
 
 namespace tambrix {
@@ -14,12 +15,12 @@ const QString kKey = QStringLiteral("MainWindowGeometry");
 WindowMemory::WindowMemory(QWidget& window, const QString& iniFile)
     : m_window(window), m_iniFile(iniFile)
 {
-    m_window.restoreGeometry(QSettings(m_iniFile, QSettings::IniFormat).value(kKey).toByteArray());
+    m_window.restoreGeometry(ownSetting(m_iniFile, kKey).toByteArray());
 }
 
 WindowMemory::~WindowMemory()
 {
-    QSettings(m_iniFile, QSettings::IniFormat).setValue(kKey, m_window.saveGeometry());
+    keepOwnSetting(m_iniFile, kKey, m_window.saveGeometry());
 }
 
 } // namespace tambrix

@@ -4,7 +4,7 @@
 #include "commands/interruption.h"
 #include "data/search_expression.h"
 #include "data/setup_file_source.h"
-#include "data/setup_text.h"
+#include "data/setup_text_file.h"
 #include "data/whole_file.h"
 
 #include <QDirIterator>
@@ -97,15 +97,11 @@ LabelNames namesBeside(const QString& path, Console& console)
 
 NamedSetup readAs(Form form, const QString& path, Console& console)
 {
-    constexpr qint64 kLongest = 4 << 20; // bytes: a data set as text has some 100 KB
     if (form == Form::SetupFile)
         return {loadedFile(path), namesBeside(path, console)};
-    const auto content = readWholeFile(path, kLongest);
-    if (!content)
-        throw Failure{ExitCode::File, QStringLiteral("%1 cannot be read").arg(path)};
-    auto read = form == Form::Csv ? readSetupCsv(*content) : readSetupJson(*content);
-    if (const auto* fault = std::get_if<TextFault>(&read))
-        throw Failure{ExitCode::File, QStringLiteral("%1: %2").arg(path, fault->sentence())};
+    auto read = readSetupText(path);
+    if (const auto* refusal = std::get_if<Refusal>(&read))
+        throw Failure{ExitCode::File, QStringLiteral("%1: %2").arg(path, refusal->reason)};
     return std::get<NamedSetup>(std::move(read));
 }
 

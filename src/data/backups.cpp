@@ -1,5 +1,6 @@
 #include "data/backups.h"
 
+#include "data/own_file.h"
 #include "data/setup_file.h"
 #include "data/whole_file.h"
 
@@ -39,15 +40,11 @@ bool isBackup(const QString& fileName)
     return ours.match(fileName).hasMatch();
 }
 
-/// Returns why there is no folder to write to.
-std::optional<QString> makeFolder(const QDir& folder)
+/// Whether a backup or its names would replace something, or follow a link.
+bool isTaken(const QString& path)
 {
-    const QFileInfo place(folder.path());
-    if (place.exists() && !place.isDir())
-        return QStringLiteral("%1 is a file, not a folder.").arg(folder.path());
-    if (!folder.mkpath(QStringLiteral(".")))
-        return QStringLiteral("The folder %1 cannot be made.").arg(folder.path());
-    return std::nullopt;
+    const auto stands = [](const QString& file) { return QFileInfo::exists(file) || isLink(file); };
+    return stands(path) || stands(labelNamesFile(path));
 }
 
 } // namespace
@@ -55,7 +52,7 @@ std::optional<QString> makeFolder(const QDir& folder)
 std::variant<QString, Refusal> Backups::save(const SetupDataRecord& record, const QDateTime& when,
                                              const QString& press, const LabelNames& names) const
 {
-    if (const auto reason = makeFolder(m_folder))
+    if (const auto reason = makeOwnFolder(m_folder))
         return Refusal{*reason};
     const QString path = freePath(titleOf(when, press));
     auto failure = writeWholeFile(path, QByteArray::fromStdString(setupFileBytes(record)));
@@ -71,7 +68,7 @@ std::variant<QString, Refusal> Backups::save(const SetupDataRecord& record, cons
 QString Backups::freePath(const QString& title) const
 {
     QString path = m_folder.filePath(title + kSuffix);
-    for (int copy = 2; QFileInfo::exists(path); ++copy)
+    for (int copy = 2; isTaken(path); ++copy)
         path = m_folder.filePath(QStringLiteral("%1 (%2)%3").arg(title).arg(copy).arg(kSuffix));
     return path;
 }
@@ -100,7 +97,7 @@ std::optional<QString> Backups::rememberRestore(const LastRestore& restore) cons
     QByteArray note = QFileInfo(restore.backup).fileName().toUtf8() + '\n';
     for (const std::string& address : restore.addresses)
         note += QByteArray::fromStdString(address) + '\n';
-    return writeWholeFile(m_folder.filePath(kNote), note);
+    return writeOwnFile(m_folder.filePath(kNote), note);
 }
 
 std::optional<LastRestore> Backups::lastRestore() const

@@ -107,7 +107,8 @@ LoadedNames loadLabelNames(const QString& setupFile)
         return {};
     const auto content = readWholeFile(path, kLongestFile);
     if (!content)
-        return {{}, QStringLiteral("The file cannot be read.")};
+        return {{},
+                QStringLiteral("The file cannot be used: %1.").arg(whyUnread(path, kLongestFile))};
     const auto read = readLabelNamesCsv(*content);
     if (const auto* fault = std::get_if<TextFault>(&read))
         return {{}, fault->sentence()};

@@ -1,5 +1,6 @@
 #include "data/press_name.h"
 
+#include "data/own_file.h"
 #include "data/whole_file.h"
 
 namespace tambrix {
@@ -29,7 +30,7 @@ QString pressName(const QDir& dataRoot)
 
 std::optional<QString> setPressName(const QDir& dataRoot, const QString& name)
 {
-    return writeWholeFile(nameFile(dataRoot), tidied(name).toUtf8() + '\n');
+    return writeOwnFile(nameFile(dataRoot), tidied(name).toUtf8() + '\n');
 }
 
 } // namespace tambrix

@@ -1,7 +1,8 @@
 #include "data/program_file_name.h"
 
+#include "link/bounded_file.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace tambrix {
@@ -39,11 +40,9 @@ QString ChangeExtension(const QString& path, const QString& extension)
 
 int ProgramFileTypeChar(const QString& path)
 {
-    QFile file(existingFile(ChangeExtension(path, QStringLiteral("FNX"))));
-    if (!file.open(QIODevice::ReadOnly))
-        return kDefaultBoardType;
-    const QByteArray first = file.read(1);
-    const bool emptyField = first.isEmpty() || QByteArray(",\r\n").contains(first.front());
+    const QFileInfo file(existingFile(ChangeExtension(path, QStringLiteral("FNX"))));
+    const std::string first = readStart(file.filesystemFilePath(), 1).value_or(std::string());
+    const bool emptyField = first.find_first_not_of(",\r\n") == std::string::npos;
     return emptyField ? kDefaultBoardType : static_cast<unsigned char>(first.front());
 }
 

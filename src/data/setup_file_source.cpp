@@ -31,7 +31,7 @@ std::variant<SetupDataRecord, Refusal> loadSetupData(const QString& path)
 {
     const auto bytes = readWholeFile(path, kLongestSetupFile);
     if (!bytes)
-        return refusal(path, QStringLiteral("it cannot be read"));
+        return refusal(path, whyUnread(path, kLongestSetupFile));
     auto content = readSetupFile({bytes->constData(), static_cast<std::size_t>(bytes->size())});
     if (const auto* fault = std::get_if<SetupFileFault>(&content))
         return refusal(path, reasonOf(*fault));

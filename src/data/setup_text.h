@@ -22,6 +22,9 @@ struct NamedSetup
 /// data set, bit for bit, and the same labels' names. The entries' names and units are for people:
 /// reading ignores them.
 
+/// Longer texts are refused before they are looked at, bytes: a data set takes some 150 KB.
+inline constexpr qint64 kLongestSetupText = 1 << 20;
+
 /// CSV: a line "TAMBRIX data set", format number, program version; a line of captions; then a line
 /// for every entry, the first one of a label with the label's name. UTF-8, lines end in CR LF.
 QByteArray setupCsv(const NamedSetup& setup);

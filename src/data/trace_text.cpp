@@ -1,11 +1,12 @@
 #include "data/trace_text.h"
 
 #include "data/line_frames.h"
+#include "data/own_file.h"
 #include "data/whole_file.h"
 
+#include <QBuffer>
 #include <QDateTime>
 #include <QDir>
-#include <QIODevice>
 
 #include <algorithm>
 
@@ -13,7 +14,8 @@ namespace tambrix {
 
 namespace {
 
-constexpr qint64 kLongestLine = 120; // bytes
+constexpr qint64 kLongestLine = 120;      // bytes
+constexpr qint64 kLongestFile = 16 << 20; // bytes; what is kept while somebody watches takes 5 MB
 constexpr const char* kSecretText = "**";
 constexpr std::uint64_t kKeptExchanges = 2000;
 constexpr qsizetype kKeptFiles = 20;
@@ -151,8 +153,9 @@ QByteArray traceText(const LineTrace& trace, std::uint64_t most)
 std::optional<QString> keepTrace(const LineTrace& trace, const QDir& folder, const QDateTime& now)
 {
     const QString name = now.toString(QStringLiteral("'Trace' yyyy-MM-dd HH-mm-ss'.txt'"));
-    QDir().mkpath(folder.path());
-    if (auto reason = writeWholeFile(folder.filePath(name), traceText(trace, kKeptExchanges)))
+    if (auto reason = makeOwnFolder(folder))
+        return reason;
+    if (auto reason = writeOwnFile(folder.filePath(name), traceText(trace, kKeptExchanges)))
         return reason;
     QStringList kept = folder.entryList({kKeptNames}, QDir::Files, QDir::Name);
     for (; kept.size() > kKeptFiles; kept.removeFirst())
@@ -179,6 +182,16 @@ QString readTrace(QIODevice& text, LineTrace& trace)
         pairing.take(*byte);
     }
     return {};
+}
+
+QString loadTrace(const QString& path, LineTrace& trace)
+{
+    auto content = readWholeFile(path, kLongestFile);
+    if (!content)
+        return QStringLiteral("The file cannot be used: %1.").arg(whyUnread(path, kLongestFile));
+    QBuffer text(&*content);
+    text.open(QIODevice::ReadOnly);
+    return readTrace(text, trace);
 }
 
 } // namespace tambrix

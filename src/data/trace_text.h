@@ -28,4 +28,7 @@ std::optional<QString> keepTrace(const LineTrace& trace, const QDir& folder, con
 /// leaves its newest exchanges.
 QString readTrace(QIODevice& text, LineTrace& trace);
 
+/// The same for a file.
+QString loadTrace(const QString& path, LineTrace& trace);
+
 } // namespace tambrix

@@ -1,11 +1,11 @@
 #include "datasets/daily_backup.h"
 
+#include "data/own_file.h"
 #include "datasets/backup_dialog.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QFileInfo>
-#include <QSettings>
 
 namespace tambrix {
 
@@ -49,16 +49,19 @@ QString DailyBackup::settingsFile() const
 
 std::optional<QTime> DailyBackup::time() const
 {
-    const QSettings settings(settingsFile(), QSettings::IniFormat);
-    const QTime at = QTime::fromString(settings.value(kTime).toString(), QStringLiteral("HH:mm"));
+    const QTime at =
+        QTime::fromString(ownSetting(settingsFile(), kTime).toString(), QStringLiteral("HH:mm"));
     return at.isValid() ? std::optional(at) : std::nullopt;
 }
 
 void DailyBackup::setTime(const std::optional<QTime>& time)
 {
-    QSettings settings(settingsFile(), QSettings::IniFormat);
-    settings.setValue(kTime, time ? time->toString(QStringLiteral("HH:mm")) : QString());
-    settings.setValue(kLast, QDateTime::currentDateTime()); // the first one is the next one
+    auto reason = keepOwnSetting(settingsFile(), kLast, QDateTime::currentDateTime());
+    if (!reason) // what was missed before counts no more
+        reason = keepOwnSetting(settingsFile(), kTime,
+                                time ? time->toString(QStringLiteral("HH:mm")) : QString());
+    if (reason)
+        emit told(QStringLiteral("Daily backup: its time could not be kept. ") + *reason);
     if (time)
         m_timer.start();
     else
@@ -82,9 +85,8 @@ void DailyBackup::look()
 {
     const auto at = time();
     const QDateTime now = QDateTime::currentDateTime();
-    const QSettings settings(settingsFile(), QSettings::IniFormat);
     if (at && !running() && m_state.canReachBoard() && !(m_notBefore > now) &&
-        dailyBackupDue(now, *at, settings.value(kLast).toDateTime()))
+        dailyBackupDue(now, *at, ownSetting(settingsFile(), kLast).toDateTime()))
         m_loop.start(work());
 }
 
@@ -109,8 +111,7 @@ void DailyBackup::tell()
     const auto saved = whole ? saveBackup(m_state, m_reading->data())
                              : std::variant<QString, Refusal>(Refusal{m_reading->failure()});
     if (const auto* path = std::get_if<QString>(&saved)) {
-        QSettings(settingsFile(), QSettings::IniFormat)
-            .setValue(kLast, QDateTime::currentDateTime());
+        keepOwnSetting(settingsFile(), kLast, QDateTime::currentDateTime());
         return emit told(QStringLiteral("Daily backup: ") + QFileInfo(*path).fileName());
     }
     m_notBefore = QDateTime::currentDateTime().addSecs(kRetryAfter);

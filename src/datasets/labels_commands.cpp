@@ -1,5 +1,6 @@
 #include "datasets/labels_commands.h"
 
+#include "data/setup_text_file.h"
 #include "data/whole_file.h"
 #include "datasets/plan_dialog.h"
 #include "shell/file_commands.h"
@@ -13,7 +14,6 @@ namespace tambrix {
 
 namespace {
 
-constexpr qint64 kLongestFile = 4 << 20; // bytes: a data set as text has some 150 KB
 const QString kFilter =
     QStringLiteral("CSV Files(*.csv)|*.csv|JSON Files(*.json)|*.json|All Files(*.*)|*.*|");
 const QString kForbidden = QStringLiteral("%1 are not allowed and stay as they are:");
@@ -27,11 +27,6 @@ std::vector<int> columnsOf(const QModelIndexList& cells)
     for (const QModelIndex& cell : cells)
         columns.insert(cell.column());
     return {columns.begin(), columns.end()};
-}
-
-bool isJson(const QByteArray& content)
-{
-    return content.trimmed().startsWith('{');
 }
 
 } // namespace
@@ -143,17 +138,11 @@ void LabelsCommands::say(const QString& title, const QString& text)
 
 std::optional<NamedSetup> LabelsCommands::readFile(const QString& path)
 {
-    const QString title = QStringLiteral("Import");
-    const QString nothing =
-        QFileInfo(path).fileName() + QStringLiteral(" was not imported.\r\n\r\n");
-    const auto content = readWholeFile(path, kLongestFile);
-    if (!content) {
-        say(title, nothing + QStringLiteral("It cannot be read."));
-        return std::nullopt;
-    }
-    auto read = isJson(*content) ? readSetupJson(*content) : readSetupCsv(*content);
-    if (const auto* fault = std::get_if<TextFault>(&read)) {
-        say(title, nothing + fault->sentence());
+    auto read = readSetupText(path);
+    if (const auto* refusal = std::get_if<Refusal>(&read)) {
+        say(QStringLiteral("Import"), QFileInfo(path).fileName() +
+                                          QStringLiteral(" was not imported.\r\n\r\n") +
+                                          refusal->reason);
         return std::nullopt;
     }
     auto setup = std::get<NamedSetup>(std::move(read));

@@ -1,9 +1,9 @@
 #include "help/system_info.h"
 
 #include "data/version.h"
+#include "link/bounded_file.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
@@ -50,11 +50,9 @@ QString withState(const QString& path, bool mustBeWritable)
 
 QString commSettings(const std::filesystem::path& path)
 {
-    constexpr qint64 kLongestLine = 80;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return kNotThere;
-    return QString::fromLatin1(file.readLine(kLongestLine)).trimmed();
+    constexpr std::uintmax_t kLongestLine = 80; // bytes
+    const auto start = readStart(path, kLongestLine);
+    return start ? QString::fromLatin1(*start).section(u'\n', 0, 0).trimmed() : kNotThere;
 }
 
 QString serialPorts()

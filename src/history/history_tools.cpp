@@ -1,5 +1,6 @@
 #include "history/history_tools.h"
 
+#include "data/own_file.h"
 #include "history/history_window.h"
 #include "shell/news_line.h"
 #include "shell/screen.h"
@@ -8,7 +9,6 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QSettings>
 
 #include <algorithm>
 
@@ -39,7 +39,7 @@ HistoryTools::HistoryTools(ProgramState& state, MainWindow& window, const Clock&
     m_state.recentSpeed = &m_recorder.recentSpeed();
     auto* news = new NewsLine(window, QStringLiteral("History"));
     connect(&m_recorder, &HistoryRecorder::told, news, &NewsLine::tell);
-    const QVariant seconds = QSettings(settings(), QSettings::IniFormat).value(kUnseenKey);
+    const QVariant seconds = ownSetting(settings(), kUnseenKey);
     if (seconds.isValid())
         m_unseen.setInterval(seconds.toInt());
     QAction* item = window.tools().addWindow(
@@ -85,11 +85,7 @@ QWidget* HistoryTools::makeWindow(QWidget& parent)
 {
     const auto recordUnseen = [this](std::optional<int> wanted) {
         m_unseen.setInterval(wanted);
-        QSettings kept(settings(), QSettings::IniFormat);
-        if (wanted)
-            kept.setValue(kUnseenKey, *wanted);
-        else
-            kept.remove(kUnseenKey);
+        keepOwnSetting(settings(), kUnseenKey, wanted ? QVariant(*wanted) : QVariant());
     };
     auto* window = new HistoryWindow({m_recorder, m_unseen.interval(), recordUnseen,
                                       m_state.prompts, m_state.dataRoot.path(), m_state.labelNames},

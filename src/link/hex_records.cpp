@@ -1,9 +1,8 @@
 #include "link/hex_records.h"
 
+#include "link/bounded_file.h"
 #include "link/mark_hex.h"
 #include "link/text.h"
-
-#include <fstream>
 
 namespace tambrix {
 
@@ -93,12 +92,8 @@ HexImage readHexImage(const std::filesystem::path& file)
         return faulty(0, "The file cannot be read: " + error.message() + ".");
     if (size > kLargestFile)
         return faulty(0, "The file is too large for a program image.");
-    std::ifstream stream(file, std::ios::binary);
-    std::string text(static_cast<std::size_t>(size), '\0');
-    stream.read(text.data(), static_cast<std::streamsize>(size));
-    if (!stream)
-        return faulty(0, "The file cannot be read.");
-    return parseHexImage(text);
+    const auto text = readBounded(file, kLargestFile);
+    return text ? parseHexImage(*text) : faulty(0, "The file cannot be read.");
 }
 
 } // namespace tambrix

@@ -1,12 +1,12 @@
 #include "link/program_files.h"
 
 #include "link/board_names.h"
+#include "link/bounded_file.h"
 #include "link/lenient_number.h"
 #include "link/mark_hex.h"
 #include "link/text.h"
 
 #include <algorithm>
-#include <fstream>
 
 namespace tambrix {
 
@@ -86,16 +86,10 @@ std::optional<ProgramConfiguration> parseConfigurationLine(std::string_view line
 
 std::optional<std::string> readFirstLine(const fs::path& file)
 {
-    std::error_code error;
-    if (!fs::is_regular_file(file, error))
+    const auto text = readStart(file, kLongestLine);
+    if (!text || text->empty())
         return std::nullopt;
-    std::ifstream stream(file, std::ios::binary);
-    std::string text(kLongestLine, '\0');
-    stream.read(text.data(), kLongestLine);
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-    if (text.empty())
-        return std::nullopt;
-    return text.substr(0, text.find_first_of("\r\n"));
+    return text->substr(0, text->find_first_of("\r\n"));
 }
 
 std::optional<ProgramIdentity> readRevisionFile(const fs::path& file)

@@ -1,5 +1,6 @@
 #include "link/settings_file.h"
 
+#include "link/bounded_file.h"
 #include "link/lenient_number.h"
 #include "link/text.h"
 
@@ -32,22 +33,17 @@ CommSettings parseLine(std::string_view line)
 }
 
 /// The first bytes of a file, enough for its one line.
-std::string readStart(const fs::path& file, std::error_code& error)
+std::string firstBytes(const fs::path& file, std::error_code& error)
 {
     constexpr std::size_t kLongestLine = 256;
-    if (fs::is_directory(file, error)) {
-        error = std::make_error_code(std::errc::is_a_directory);
-        return {};
-    }
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) {
-        error = std::make_error_code(std::errc::permission_denied);
-        return {};
-    }
-    std::string start(kLongestLine, '\0');
-    stream.read(start.data(), kLongestLine);
-    start.resize(static_cast<std::size_t>(stream.gcount()));
-    return start;
+    const auto start = readStart(file, kLongestLine);
+    if (start)
+        return *start;
+    const fs::file_type type = fs::status(file, error).type();
+    error = std::make_error_code(type == fs::file_type::directory ? std::errc::is_a_directory
+                                 : type == fs::file_type::regular ? std::errc::permission_denied
+                                                                  : std::errc::not_supported);
+    return {};
 }
 
 /// Returns whether all of it is in the file.
@@ -70,7 +66,7 @@ bool writeLine(const fs::path& file, const CommSettings& settings, std::error_co
 CommSettings readOrCreateCommSettings(const fs::path& file, std::error_code& error)
 {
     const bool present = fs::exists(file, error);
-    const std::string start = present && !error ? readStart(file, error) : std::string();
+    const std::string start = present && !error ? firstBytes(file, error) : std::string();
     if (error)
         return {};
     if (start.empty()) {
@@ -95,9 +91,10 @@ void writeCommSettings(const fs::path& file, const CommSettings& settings, std::
         return;
     fs::path whole = file;
     whole += ".new";
+    std::error_code ignored;
+    fs::remove(whole, ignored); // it could be a link to somebody's file
     if (writeLine(whole, settings, error))
         fs::rename(whole, file, error);
-    std::error_code ignored;
     if (error)
         fs::remove(whole, ignored);
 }

@@ -1,10 +1,9 @@
 #include "link/text_records.h"
 
+#include "link/bounded_file.h"
 #include "link/text.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -13,6 +12,7 @@ namespace tambrix {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
+constexpr std::uintmax_t kLongestFile = 1 << 20; // bytes; a text for every code takes a tenth
 
 std::string_view trimmed(std::string_view text)
 {
@@ -69,15 +69,11 @@ TextRecord takeRecord(std::string_view& text)
 
 std::optional<std::vector<TextRecord>> readTextRecords(const std::filesystem::path& file)
 {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error))
+    const auto content = readBounded(file, kLongestFile);
+    if (!content)
         return std::nullopt;
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
-        return std::nullopt;
-    const std::string content{std::istreambuf_iterator<char>(stream), {}};
     std::vector<TextRecord> records;
-    for (std::string_view text = withoutByteOrderMark(content); !text.empty();) {
+    for (std::string_view text = withoutByteOrderMark(*content); !text.empty();) {
         TextRecord record = takeRecord(text);
         if (!record.code.empty() || !record.text.empty())
             records.push_back(std::move(record));

@@ -15,8 +15,8 @@ struct TextRecord
 };
 
 /// Reads a file of records, one a line: code, comma, description, each plain or in double quotes
-/// (a quote inside is doubled, and a line break inside is kept). Returns nothing when the file does
-/// not exist or cannot be opened; a read error ends the list where it occurred.
+/// (a quote inside is doubled, and a line break inside is kept). Returns nothing when there is
+/// no such file, it cannot be read, or is longer than 1 MiB.
 std::optional<std::vector<TextRecord>> readTextRecords(const std::filesystem::path& file);
 
 } // namespace tambrix

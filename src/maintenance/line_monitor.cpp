@@ -10,7 +10,6 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -287,10 +286,8 @@ void LineMonitor::load()
                                              {}});
     if (!name)
         return;
-    QFile file(*name);
     LineTrace loaded(LineRecorder::kWatched);
-    const QString wrong =
-        file.open(QIODevice::ReadOnly) ? readTrace(file, loaded) : file.errorString();
+    const QString wrong = loadTrace(*name, loaded);
     if (!wrong.isEmpty()) {
         say(QStringLiteral("Load Trace"),
             QStringLiteral("%1\n\n%2").arg(QDir::toNativeSeparators(*name), wrong));

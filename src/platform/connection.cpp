@@ -1,7 +1,8 @@
 #include "platform/connection.h"
 
+#include "link/bounded_file.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QUrl>
@@ -11,7 +12,7 @@ namespace tambrix {
 namespace {
 
 const QString kScheme = QStringLiteral("tcp");
-constexpr qint64 kLongestFile = 1024; // bytes
+constexpr std::uintmax_t kLongestLine = 1024; // bytes
 
 std::optional<Connection> serverFromText(const QString& text)
 {
@@ -53,23 +54,22 @@ QString connectionFile(const QDir& dataRoot)
 
 Connection readConnection(const QString& file)
 {
-    QFile stored(file);
-    if (!stored.open(QIODevice::ReadOnly))
-        return {};
-    return connectionFromText(QString::fromUtf8(stored.read(kLongestFile)).section(u'\n', 0, 0))
+    const auto text = readStart(QFileInfo(file).filesystemFilePath(), kLongestLine);
+    return connectionFromText(QString::fromStdString(text.value_or("")).section(u'\n', 0, 0))
         .value_or(Connection{});
 }
 
 std::optional<QString> writeConnection(const QString& file, const Connection& connection)
 {
+    if (QFileInfo(file).isSymbolicLink())
+        return QStringLiteral("%1 is a link.").arg(file);
     QDir().mkpath(QFileInfo(file).path());
     QSaveFile stored(file);
-    if (stored.open(QIODevice::WriteOnly)) {
-        stored.write(connectionText(connection).toUtf8() + "\r\n");
-        if (stored.commit())
-            return std::nullopt;
-    }
-    return stored.errorString();
+    const QByteArray line = connectionText(connection).toUtf8() + "\r\n";
+    // commit() alone overlooks that its last bytes found no room
+    const bool written = stored.open(QIODevice::WriteOnly) && stored.write(line) == line.size() &&
+                         stored.flush() && stored.commit();
+    return written ? std::nullopt : std::optional(stored.errorString());
 }
 
 } // namespace tambrix

@@ -1,5 +1,6 @@
 #include "recorder/history_store.h"
 
+#include "data/own_file.h"
 #include "recorder/history_schema.h"
 
 #include <QDateTime>
@@ -88,7 +89,10 @@ SqlResult HistoryStore::open()
 {
     if (m_file.isOpen())
         return SqlResult::Done;
-    if (!QDir().mkpath(QFileInfo(m_path).path()))
+    m_obstacle = makeOwnFolder(QFileInfo(m_path).dir()).value_or(QString());
+    if (m_obstacle.isEmpty() && isLink(m_path))
+        m_obstacle = QStringLiteral("%1 is a link.").arg(QDir::toNativeSeparators(m_path));
+    if (!m_obstacle.isEmpty())
         return SqlResult::Full;
     if (!m_lock) {
         m_lock = std::make_unique<QLockFile>(m_path + QStringLiteral(".lock"));
@@ -146,7 +150,7 @@ void HistoryStore::wentWell()
 
 HistoryStore::Outcome HistoryStore::failed(SqlResult result)
 {
-    const QString reason = m_file.reason();
+    const QString reason = m_obstacle.isEmpty() ? m_file.reason() : m_obstacle;
     if (m_file.isOpen())
         m_file.run(kRollback);
     switch (result) {

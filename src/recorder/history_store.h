@@ -64,6 +64,7 @@ private:
     void wentWell();
 
     QString m_path;
+    QString m_obstacle; ///< why nothing can be written to that path, if so
     std::function<void(const QString&)> m_tell;
     std::unique_ptr<QLockFile> m_lock;
     SqlFile m_file;

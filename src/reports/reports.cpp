@@ -182,7 +182,7 @@ void Reports::writePdfOf(const Report& report, const QString& path)
     }
     if (outcome == StandbyWindow::Outcome::Cancelled)
         return file.cancelWriting();
-    if (outcome == StandbyWindow::Outcome::Failed || !file.commit())
+    if (outcome == StandbyWindow::Outcome::Failed || !file.flush() || !file.commit())
         sayFailed(failed, file.errorString());
 }
 

@@ -1,7 +1,8 @@
 #include "shell/recent_files.h"
 
+#include "data/own_file.h"
+
 #include <QDir>
-#include <QSettings>
 
 namespace tambrix {
 
@@ -14,7 +15,7 @@ const QString kKey = QStringLiteral("RecentFiles");
 void RecentFiles::keepIn(const QString& iniFile)
 {
     m_iniFile = iniFile;
-    m_paths = QSettings(m_iniFile, QSettings::IniFormat).value(kKey).toStringList().mid(0, kMost);
+    m_paths = ownSetting(m_iniFile, kKey).toStringList().mid(0, kMost);
     emit changed();
 }
 
@@ -36,7 +37,7 @@ void RecentFiles::remove(const QString& path)
 void RecentFiles::store()
 {
     if (!m_iniFile.isEmpty())
-        QSettings(m_iniFile, QSettings::IniFormat).setValue(kKey, m_paths);
+        keepOwnSetting(m_iniFile, kKey, m_paths);
     emit changed();
 }
 

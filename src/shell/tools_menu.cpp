@@ -1,8 +1,9 @@
 #include "shell/tools_menu.h"
 
+#include "data/own_file.h"
+
 #include <QAction>
 #include <QPointer>
-#include <QSettings>
 #include <QWidget>
 
 #include <memory>
@@ -51,7 +52,7 @@ QAction* ToolsMenu::addOption(const MenuItem& item, std::function<void(bool)> sw
     option->setEnabled(true);
     connect(option, &QAction::toggled, this, [this, option, act = std::move(switched)](bool on) {
         if (!m_iniFile.isEmpty())
-            QSettings(m_iniFile, QSettings::IniFormat).setValue(keyOf(*option), on);
+            keepOwnSetting(m_iniFile, keyOf(*option), on);
         act(on);
     });
     return option;
@@ -76,10 +77,9 @@ void ToolsMenu::addSeparator()
 void ToolsMenu::keepIn(const QString& iniFile)
 {
     m_iniFile = iniFile;
-    const QSettings settings(m_iniFile, QSettings::IniFormat);
     for (QAction* option : m_menu.actions()) {
         if (option->isCheckable())
-            option->setChecked(settings.value(keyOf(*option), false).toBool());
+            option->setChecked(ownSetting(m_iniFile, keyOf(*option)).toBool());
     }
 }
 

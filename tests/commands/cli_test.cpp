@@ -78,6 +78,19 @@ struct CommandRig
         return finished(process);
     }
 
+    /// The same with 64 MiB for all its data; the address sanitizer's own takes more.
+    Ended runInLittleMemory(const QString& line) const
+    {
+#ifdef __SANITIZE_ADDRESS__
+        return run(line);
+#else
+        QProcess process;
+        prepare(process);
+        process.start("sh", {"-c", "ulimit -d 65536; exec \"$0\" " + line, TAMBRIX_CLI});
+        return finished(process);
+#endif
+    }
+
     /// The same where no file can grow beyond 4 KiB, as on a full disk.
     Ended runOnFullDisk(const QString& line) const
     {
@@ -304,6 +317,41 @@ TEST(Cli, FullDiskLeavesFileAndPressAsTheyWere)
     EXPECT_EQ(rig.load("b.sdt").Value[kMaximumCycle], 490);
     EXPECT_EQ(rig.run("compare a.sdt").code, 0) << "the press holds what it held";
     EXPECT_FALSE(QFile::exists(rig.file("a.csv")));
+}
+
+/// A file that would be very large if anybody read it.
+void makeHole(const QString& path, const QByteArray& head)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(head);
+    ASSERT_TRUE(file.resize(qint64{4} << 30));
+}
+
+TEST(Cli, FilesThatAreNoneAreRefusedAtOnceInLittleMemory)
+{
+    const CommandRig rig;
+    makeHole(rig.file("hole.sdt"), {});
+    makeHole(rig.file("hole.json"), "{");
+    makeHole(rig.file("hole.csv"), "TAMBRIX data set,1,V\r\n");
+    QFile claim(rig.file("claim.sdt")); // 4,294,967,295 entries
+    ASSERT_TRUE(claim.open(QIODevice::WriteOnly));
+    claim.write(QByteArray("\0\0\1\0\xFF\xFF\xFF\xFF\0\0\0\0", 12).leftJustified(30'000, '\0'));
+    claim.close();
+    QProcess::execute("mkfifo", {rig.file("pipe.sdt")});
+    const std::pair<const char*, const char*> links[] = {{"/dev/zero", "zero.sdt"},
+                                                         {"self.sdt", "self.sdt"},
+                                                         {"pipe.sdt", "pipe.csv"},
+                                                         {".", "folder.json"}};
+    for (const auto& [target, name] : links)
+        QProcess::execute("ln", {"-s", target, rig.file(name)});
+    for (const char* name : {"hole.sdt", "hole.json", "hole.csv", "claim.sdt", "pipe.sdt",
+                             "zero.sdt", "self.sdt", "pipe.csv", "folder.json"}) {
+        const Ended run = rig.runInLittleMemory(QStringLiteral("convert %1 out.csv").arg(name));
+        EXPECT_EQ(run.code, 5) << name;
+        EXPECT_TRUE(run.err.contains(name) && run.err.count('\n') == 1) << run.err.toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(rig.file("out.csv")));
 }
 
 TEST(Cli, SetsTheClock)

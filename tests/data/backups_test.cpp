@@ -97,7 +97,7 @@ TEST(SetupFileSource, RefusesWithTheReason)
     const QTemporaryDir root;
     const QString path = root.filePath("x.sdt");
     const auto reason = [&] { return std::get<Refusal>(loadSetupData(path)).reason; };
-    EXPECT_TRUE(reason().contains("x.sdt cannot be used: it cannot be read"));
+    EXPECT_TRUE(reason().contains("x.sdt cannot be used: it is not there"));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("\x05\x00short", 7);

@@ -1,3 +1,7 @@
+#include "data/backups.h"
+#include "data/own_file.h"
+#include "data/press_name.h"
+#include "data/trace_text.h"
 #include "data/whole_file.h"
 
 #include <QFile>
@@ -7,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 
 namespace tambrix {
 namespace {
@@ -43,6 +48,32 @@ TEST_F(WholeFile, OldContentIsUntouchedUntilTheNewFileTakesItsPlace)
     EXPECT_EQ(content(), "new");
     EXPECT_EQ(readWholeFile(other, kLongest), "old") << "written over, not replaced";
     EXPECT_TRUE(writeWholeFile(folder.filePath("gone/press.sdt"), "new"));
+}
+
+TEST_F(WholeFile, WhatTheProgramKeepsFollowsNoLink)
+{
+    const QDir root(folder.filePath("root"));
+    const QDir elsewhere(folder.filePath("elsewhere"));
+    const QDateTime now = QDateTime::currentDateTime();
+    const std::pair<const char*, std::function<bool()>> places[] = {
+        {"press-name.txt", [&] { return setPressName(root, "p").has_value(); }},
+        {"options.ini",
+         [&] { return keepOwnSetting(root.filePath("options.ini"), "a", 1).has_value(); }},
+        {"Traces",
+         [&] { return keepTrace(LineTrace(1), root.filePath("Traces"), now).has_value(); }},
+        {"Backups",
+         [&] { return Backups(root).save(defaultSetupData("V"), now, "p").index() == 1; }},
+    };
+    for (const auto& [place, refused] : places) {
+        SCOPED_TRACE(place);
+        const bool isFolder = !QString(place).contains(u'.');
+        ASSERT_TRUE(root.mkpath(".") && elsewhere.mkpath(isFolder ? place : "."));
+        std::filesystem::create_symlink(QFileInfo(elsewhere.filePath(place)).filesystemFilePath(),
+                                        QFileInfo(root.filePath(place)).filesystemFilePath());
+        EXPECT_TRUE(refused());
+        EXPECT_TRUE(isFolder ? QDir(elsewhere.filePath(place)).isEmpty() : elsewhere.isEmpty());
+        QDir(elsewhere).removeRecursively();
+    }
 }
 
 } // namespace

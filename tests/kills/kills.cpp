@@ -45,7 +45,7 @@ bool survives(int kind, const QDir& folder, int& version, int microseconds)
     child.kill();
     child.waitForFinished();
     const auto found = saver.version(folder);
-    const bool older = found && *found < version && kind != 2; // port numbers begin anew
+    const bool older = found && *found < version && !saver.comesAgain;
     version = found.value_or(version);
     return found && !older;
 }

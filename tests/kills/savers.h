@@ -17,6 +17,8 @@ struct Saver
     std::function<std::optional<QString>(const QDir& folder, int number)> save;
     /// Which version stands there: all of it. Nothing when there is no whole file.
     std::function<std::optional<int>(const QDir& folder)> version;
+    /// Versions of a few numbers come again.
+    bool comesAgain = false;
 };
 
 const std::vector<Saver>& savers();

@@ -48,3 +48,18 @@ TEST(CommSettings, ThatCannotBeWrittenAreReportedInOneBox)
     EXPECT_TRUE(rig.link.CommError);
     EXPECT_TRUE(rig.link.portError());
 }
+
+TEST(CommSettings, ThatAreNoPlainFileAreReportedToo)
+{
+    for (const char* target : {"/dev/zero", "RSPort.cfg", "."}) {
+        SCOPED_TRACE(target);
+        LinkRig rig;
+        const auto file = rig.folder.path() / "Support/RSPort.cfg";
+        rig.open();
+        std::filesystem::remove(file);
+        std::filesystem::create_symlink(target, file);
+        rig.open();
+        EXPECT_FALSE(rig.port.isOpen());
+        EXPECT_EQ(rig.person.boxes.size(), 1u);
+    }
+}

@@ -184,25 +184,30 @@ TEST(TcpPortTest, AServerThatHangsUpInAFrameIsASilentBoard)
     EXPECT_FALSE(rig.port.isOpen());
 }
 
-TEST(TcpPortTest, AFloodCostsNoMemoryAndNoHang)
+TEST(TcpPortTest, AFloodOrATrickleCostsNoMemoryAndNoHang)
 {
-    Peer* server = nullptr;
-    Peer peer([&server](QTcpSocket& socket) {
-        const QByteArray block(4096, 'U');
-        while (!server->stop && socket.state() == QAbstractSocket::ConnectedState) {
-            socket.write(block);
-            socket.waitForBytesWritten(20);
+    const std::pair<int, int> cases[] = {{4096, 0}, {1, 2}}; // bytes at a time, ms between them
+    for (const auto& [bytes, pause] : cases) {
+        Peer* server = nullptr;
+        Peer peer([&server, block = QByteArray(bytes, 'U'), wait = pause](QTcpSocket& socket) {
+            while (!server->stop && socket.state() == QAbstractSocket::ConnectedState) {
+                socket.write(block);
+                socket.waitForBytesWritten(20);
+                socket.waitForReadyRead(wait);
+            }
+        });
+        server = &peer;
+        TcpRig rig;
+        ASSERT_FALSE(rig.open(peer.port()));
+        for (int i = 0; i < 20; ++i) {
+            ASSERT_TRUE(rig.port.waitForInput(std::chrono::seconds(5)));
+            QCoreApplication::processEvents();
+            EXPECT_LE(rig.port.bytesWaiting(), 4096u);
+            rig.port.discardInput();
+            rig.port.writeByte(0xFF);
         }
-    });
-    server = &peer;
-    TcpRig rig;
-    ASSERT_FALSE(rig.open(peer.port()));
-    for (int i = 0; i < 20; ++i) {
-        ASSERT_TRUE(rig.port.waitForInput(std::chrono::seconds(5)));
-        QCoreApplication::processEvents();
-        EXPECT_LE(rig.port.bytesWaiting(), 4096u);
-        rig.port.discardInput();
-        rig.port.writeByte(0xFF);
+        rig.link.OpenRSComm(rig.port); // every answer is wrong, or comes too early
+        rig.link.RSRead("W1298");
+        rig.link.CloseRSComm();
     }
-    rig.port.close();
 }
