@@ -123,10 +123,11 @@ QByteArray modeLine(const LineFrames& frames)
 std::optional<LineFrames> framesOf(const QByteArray& modeLine)
 {
     const QByteArray line = modeLine.trimmed();
-    if (!line.startsWith(kModeLineBegin) || !line.endsWith(kModeLineEnd))
-        return std::nullopt;
+    const qsizetype length = line.size() - kModeLineBegin.size() - kModeLineEnd.size();
+    if (length < 0 || !line.startsWith(kModeLineBegin) || !line.endsWith(kModeLineEnd))
+        return std::nullopt; // the blank between may be one and the same
     LineFrames frames;
-    const QByteArray mode = line.mid(kModeLineBegin.size()).chopped(kModeLineEnd.size());
+    const QByteArray mode = line.mid(kModeLineBegin.size(), length);
     if (!frames.beginIn(std::string_view(mode.data(), static_cast<std::size_t>(mode.size()))))
         return std::nullopt;
     return frames;
