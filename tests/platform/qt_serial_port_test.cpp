@@ -84,6 +84,12 @@ TEST(QtSerialPortTest, TalksOverATruePortUntilItVanishes)
     port.discardInput();
     EXPECT_EQ(port.bytesWaiting(), 0u);
 
+    QtSerialPort second(clock, board.device);
+    ASSERT_FALSE(second.configure(1, "19200,n,8,1"));
+    const auto refused = second.open();
+    ASSERT_TRUE(refused);
+    EXPECT_TRUE(refused->description.starts_with("Another program has the port open"));
+
     board.unplug();
     for (int i = 0; i < 3; ++i) { // with and without the event loop between
         port.writeByte(0xFF);
