@@ -28,6 +28,7 @@ else()
   install(FILES ${CMAKE_SOURCE_DIR}/packaging/man/tambrix-cli.1
           DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(DIRECTORY ${CMAKE_SOURCE_DIR}/packaging/systemd/ DESTINATION lib/systemd/system)
+  install(DIRECTORY ${CMAKE_SOURCE_DIR}/packaging/sysusers/ DESTINATION lib/sysusers.d)
   install(FILES ${CMAKE_SOURCE_DIR}/docs/many-presses.md
           DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tambrix)
   install(FILES ${CMAKE_SOURCE_DIR}/packaging/tambrix.desktop
