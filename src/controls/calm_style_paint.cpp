@@ -252,6 +252,8 @@ void CalmStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_Frame:
         return paintPlate(*painter, option->rect, Qt::transparent,
                           tonesOf(option->palette).fieldLine, 1, 4);
+    case PE_PanelScrollAreaCorner:
+        return painter->fillRect(option->rect, option->palette.color(QPalette::Base));
     case PE_FrameFocusRect:
         if (qobject_cast<const QPushButton*>(widget) != nullptr)
             return; // its line says it
