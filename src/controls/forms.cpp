@@ -15,6 +15,12 @@ void CenterForm(QWidget& dialog)
     dialog.move(frame.topLeft());
 }
 
+void resizeInto(QWidget& window, const QSize& wanted)
+{
+    constexpr QSize kFrame(16, 40); // about what the desktop puts around a window
+    window.resize(wanted.boundedTo(window.screen()->availableGeometry().size() - kFrame));
+}
+
 void SelectAllText(QLineEdit& field)
 {
     field.setSelection(0, static_cast<int>(field.text().length()));

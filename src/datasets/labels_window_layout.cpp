@@ -1,6 +1,7 @@
 // How the labels' window is laid out, and which keys it knows.
 
 #include "controls/calm_style.h"
+#include "controls/forms.h"
 #include "controls/named_controls.h"
 #include "controls/text_size.h"
 #include "datasets/label_pane.h"
@@ -18,7 +19,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
-#include <QScreen>
 #include <QTableView>
 
 namespace tambrix {
@@ -26,9 +26,8 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kSize(1200, 680);
-constexpr QSize kFrame(16, 40); // about what the desktop puts around a window
-constexpr int kNameShare = 26;  // letters that the name's column has room for
-constexpr int kSideShare = 40;  // letters across the pane beside the table
+constexpr int kNameShare = 26; // letters that the name's column has room for
+constexpr int kSideShare = 40; // letters across the pane beside the table
 
 } // namespace
 
@@ -53,7 +52,7 @@ void LabelsWindow::build()
     content->addWidget(m_lblNote);
     content->addLayout(buildButtons());
     addActions();
-    resize(kSize.boundedTo(screen()->availableGeometry().size() - kFrame));
+    resizeInto(*this, kSize);
     m_view->setFocus();
 }
 

@@ -19,7 +19,8 @@ namespace tambrix {
 
 namespace {
 
-constexpr QSize kSize(760, 620);
+constexpr QSize kSize(940, 600);
+constexpr int kGap = 24; // px
 const QString kUnknown = QStringLiteral("?");
 
 template <typename Number> QString orUnknown(const std::optional<Number>& number)
@@ -65,7 +66,7 @@ DuctorView::DuctorView(std::function<DuctorReport(int)> read, int ductor, QWidge
     m_ductor->setCurrentIndex(ductor);
     connect(m_ductor, qOverload<int>(&QComboBox::currentIndexChanged), this, &DuctorView::refresh);
     refresh();
-    resize(kSize.expandedTo(sizeHint()));
+    resizeInto(*this, kSize.expandedTo(sizeHint()));
     CenterForm(*this);
 }
 
@@ -79,45 +80,49 @@ void DuctorView::addValue(QGridLayout& grid, QRect cells, const char* name, cons
     m_values += value;
 }
 
-/// Two values below the two heads that were added last.
-void DuctorView::addPair(QGridLayout& grid, int row, const char* name, const QString& caption,
+/// A caption in `cell` (column, row), and two values beside it that stand below two heads.
+void DuctorView::addPair(QGridLayout& grid, QPoint cell, const char* name, const QString& caption,
                          const std::array<const char*, 2>& heads)
 {
-    grid.addWidget(new QLabel(caption), row, 0);
+    grid.addWidget(new QLabel(caption), cell.y(), cell.x());
     for (int i = 0; i < 2; ++i) {
         const QString head = QLatin1String(heads[static_cast<std::size_t>(i)]);
-        addValue(grid, {1 + i, row, 1, 1}, qPrintable(QLatin1String(name) + head),
+        addValue(grid, {cell.x() + 1 + i, cell.y(), 1, 1}, qPrintable(QLatin1String(name) + head),
                  caption + QStringLiteral(", ") + head);
     }
 }
 
-/// One value over the whole width.
-void DuctorView::addLine(QGridLayout& grid, int row, const char* name, const QString& caption)
+/// The same with one value over the whole width.
+void DuctorView::addLine(QGridLayout& grid, QPoint cell, const char* name, const QString& caption)
 {
-    grid.addWidget(new QLabel(caption), row, 0);
-    addValue(grid, {1, row, 2, 1}, name, caption);
+    grid.addWidget(new QLabel(caption), cell.y(), cell.x());
+    addValue(grid, {cell.x() + 1, cell.y(), 2, 1}, name, caption);
 }
 
 QWidget* DuctorView::makeValues()
 {
     constexpr std::array kDurations = {"running", "stored"};
     constexpr std::array kCycles = {"counted", "expected"};
+    constexpr int kRight = 4; // column, after a gap
     QGroupBox* frame = makeFrame(QStringLiteral("fraWhy"), QStringLiteral("Values"));
     frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* grid = new QGridLayout(frame);
     for (int i = 0; i < 2; ++i) {
         const auto at = static_cast<std::size_t>(i);
         grid->addWidget(makeDimLabel(QLatin1String(kDurations[at])), 0, 1 + i, Qt::AlignRight);
-        grid->addWidget(makeDimLabel(QLatin1String(kCycles[at])), 4, 1 + i, Qt::AlignRight);
+        grid->addWidget(makeDimLabel(QLatin1String(kCycles[at])), 0, kRight + 1 + i,
+                        Qt::AlignRight);
         grid->setColumnStretch(1 + i, 1);
+        grid->setColumnStretch(kRight + 1 + i, 2);
     }
-    grid->setColumnStretch(0, 2);
-    addPair(*grid, 1, "lblWhyOn", QStringLiteral("ON Duration (0.1 cans)"), kDurations);
-    addPair(*grid, 2, "lblWhyCycle", QStringLiteral("CYCLE Duration (0.1 cans)"), kDurations);
-    addPair(*grid, 3, "lblWhyDensity", QStringLiteral("Color Density"), kDurations);
-    addPair(*grid, 5, "lblWhyCycles", QStringLiteral("Cycles a minute, last hour"), kCycles);
-    addLine(*grid, 6, "lblWhyLabel", QStringLiteral("Label"));
-    addLine(*grid, 7, "lblWhyFaults", QStringLiteral("Feedback faults, last day"));
+    grid->setColumnMinimumWidth(kRight - 1, kGap);
+    addPair(*grid, {0, 1}, "lblWhyOn", QStringLiteral("ON Duration (0.1 cans)"), kDurations);
+    addPair(*grid, {0, 2}, "lblWhyCycle", QStringLiteral("CYCLE Duration (0.1 cans)"), kDurations);
+    addPair(*grid, {0, 3}, "lblWhyDensity", QStringLiteral("Color Density"), kDurations);
+    addPair(*grid, {kRight, 1}, "lblWhyCycles", QStringLiteral("Cycles a minute, last hour"),
+            kCycles);
+    addLine(*grid, {kRight, 2}, "lblWhyLabel", QStringLiteral("Label"));
+    addLine(*grid, {kRight, 3}, "lblWhyFaults", QStringLiteral("Feedback faults, last day"));
     return frame;
 }
 

@@ -31,9 +31,9 @@ public:
 private:
     QWidget* makeValues();
     void addValue(QGridLayout& grid, QRect cells, const char* name, const QString& tells);
-    void addPair(QGridLayout& grid, int row, const char* name, const QString& caption,
+    void addPair(QGridLayout& grid, QPoint cell, const char* name, const QString& caption,
                  const std::array<const char*, 2>& heads);
-    void addLine(QGridLayout& grid, int row, const char* name, const QString& caption);
+    void addLine(QGridLayout& grid, QPoint cell, const char* name, const QString& caption);
     void showReport(const DuctorReport& report);
 
     std::function<DuctorReport(int)> m_read;

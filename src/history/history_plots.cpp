@@ -87,9 +87,6 @@ void HistoryPlots::makeValueAxes()
     QCPAxis* alarms = m_rects[Alarms]->axis(QCPAxis::atLeft);
     alarms->setRange(0.5, kDuctors + 0.5);
     alarms->setRangeReversed(true);
-    const QSharedPointer<QCPAxisTickerFixed> whole(new QCPAxisTickerFixed);
-    whole->setTickStep(1);
-    alarms->setTicker(whole);
     alarms->grid()->setVisible(false);
     m_rects[Bands]->axis(QCPAxis::atLeft)->setRange(0, 2);
     m_rects[Bands]->axis(QCPAxis::atLeft)->setTickLabels(false);

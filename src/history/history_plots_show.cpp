@@ -24,6 +24,7 @@ constexpr double kPointerStep = 0.01; // of the width
 constexpr UtcMs kNarrowest = 10 * kSecond;
 constexpr UtcMs kWidest = 400 * kDay;
 constexpr double kAlarmHalf = 0.35;   // of the height of an alarm's line
+constexpr int kReadable = 9;          // px: smaller numbers are not
 constexpr int kTextMargin = 6;        // px
 constexpr double kFinestPart = 0.001; // of the width: what is shorter is drawn as long as this
 
@@ -42,6 +43,21 @@ QString dateFormat(UtcMs span)
     if (span <= 10 * kMinute)
         return QStringLiteral("HH:mm:ss");
     return span <= 36 * kHour ? QStringLiteral("HH:mm") : QStringLiteral("yyyy-MM-dd\nHH:mm");
+}
+
+/// The first of `texts` for which there is room, or what can be recognised of the last one.
+QString fitting(QStringList texts, int room, const QFont& font)
+{
+    constexpr qsizetype kRecognised = 4; // characters after the first word
+    const QFontMetrics metrics(font);
+    const QString word = texts.back().section(u' ', 0, 0);
+    const QString cut = metrics.elidedText(texts.back(), Qt::ElideRight, room);
+    if (cut.size() > word.size() + kRecognised)
+        texts += cut;
+    texts += word;
+    const auto text = std::ranges::find_if(
+        texts, [&](const QString& one) { return metrics.horizontalAdvance(one) <= room; });
+    return text == texts.end() ? QString() : *text;
 }
 
 QColor groundOf(OperatingMode mode, const Tones& tones)
@@ -176,9 +192,8 @@ void HistoryPlots::showLabels(const Tones& tones, const QColor& text)
         if (!span.value)
             continue;
         addBar(Bands, span.time, 0, 1, tones.card);
-        const QString number = QString::number(*span.value);
-        const QString named = labelText(*span.value, m_data.names);
-        addText(span.time, 0.5, {QStringLiteral("label ") + named, named, number}, text);
+        const QString label = labelText(*span.value, m_data.names);
+        addText(span.time, 0.5, {QStringLiteral("label ") + label, label}, text);
     }
 }
 
@@ -196,7 +211,7 @@ void HistoryPlots::addBar(Row row, TimeSpan time, double from, double to, const 
     m_bars.push_back(bar);
 }
 
-/// The first of `texts` for which there is room, if any: the longest comes first.
+/// `texts` say the same in different lengths, see fitting().
 void HistoryPlots::addText(TimeSpan time, double height, const QStringList& texts,
                            const QColor& colour)
 {
@@ -204,11 +219,9 @@ void HistoryPlots::addText(TimeSpan time, double height, const QStringList& text
     const UtcMs end = std::min(time.end, m_data.span.end);
     const double part =
         static_cast<double>(end - begin) / static_cast<double>(m_data.span.length());
-    const double room = part * m_rects[Bands]->width() - 2 * kTextMargin;
-    const QFontMetrics metrics(font());
-    const auto text = std::ranges::find_if(
-        texts, [&](const QString& one) { return metrics.horizontalAdvance(one) <= room; });
-    if (text == texts.end())
+    const QString text =
+        fitting(texts, static_cast<int>(part * m_rects[Bands]->width()) - 2 * kTextMargin, font());
+    if (text.isEmpty())
         return;
     auto* item = new QCPItemText(m_plot);
     item->setClipAxisRect(m_rects[Bands]);
@@ -216,7 +229,7 @@ void HistoryPlots::addText(TimeSpan time, double height, const QStringList& text
     item->position->setCoords(seconds(begin), height);
     item->setPositionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     item->setPadding(QMargins(kTextMargin, 0, 0, 0));
-    item->setText(*text);
+    item->setText(text);
     item->setColor(colour);
     item->setFont(font());
     m_bars.push_back(item);
@@ -230,8 +243,14 @@ void HistoryPlots::fitToSize()
     if (size == m_fitted)
         return;
     m_fitted = size;
+    const int line = std::max(size.height() / kDuctors, 1);
+    const int step = line < kReadable ? 2 : 1; // each ductor, or each second one
+    const QSharedPointer<QCPAxisTickerFixed> ductors(new QCPAxisTickerFixed);
+    ductors->setTickOrigin(1);
+    ductors->setTickStep(step);
+    m_rects[Alarms]->axis(QCPAxis::atLeft)->setTicker(ductors);
     QFont numbers = font();
-    numbers.setPixelSize(std::clamp(size.height() / kDuctors, 1, QFontInfo(font()).pixelSize()));
+    numbers.setPixelSize(std::min(step * line, QFontInfo(font()).pixelSize()));
     m_rects[Alarms]->axis(QCPAxis::atLeft)->setTickLabelFont(numbers);
     showBars(palette());
 }
@@ -248,7 +267,7 @@ void HistoryPlots::pointAt(std::optional<UtcMs> time)
     m_tip->setVisible(m_pointed.has_value());
     if (m_pointed) {
         const QString values = valuesAt(m_data, *m_pointed);
-        const QString when = localTime(*m_pointed, m_data.span.end);
+        const QString when = localTime(*m_pointed, m_data.span.end - 1);
         m_tip->setText(values.isEmpty() ? when : when + u'\n' + values);
         const bool left = *m_pointed > m_data.span.begin + m_data.span.length() / 2;
         m_tip->setPositionAlignment((left ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop);

@@ -29,7 +29,7 @@ HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now, const L
 {
     HistoryTable table;
     table.captions = {QStringLiteral("Begin"),  QStringLiteral("End"),   QStringLiteral("Duration"),
-                      QStringLiteral("Ductor"), QStringLiteral("Label"), QStringLiteral("Speed")};
+                      QStringLiteral("Ductor"), QStringLiteral("Speed"), QStringLiteral("Label")};
     for (std::size_t i = alarms.size(); i-- > 0;) { // the latest first
         const AlarmSpan& alarm = alarms[i];
         const QString end =
@@ -39,8 +39,8 @@ HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now, const L
                 : QStringLiteral("off line ") + localTime(alarm.time.end, alarm.time.begin);
         table.rows.push_back({localTime(alarm.time.begin, now), end,
                               durationText(alarm.time.length()), QString::number(alarm.ductor + 1),
-                              alarm.label ? labelText(*alarm.label, names) : kUnknown,
-                              alarm.speed ? QString::number(*alarm.speed) : kUnknown});
+                              alarm.speed ? QString::number(*alarm.speed) : kUnknown,
+                              alarm.label ? labelText(*alarm.label, names) : kUnknown});
         table.times.push_back(alarm.time.begin);
     }
     return table;
@@ -50,9 +50,10 @@ HistoryTable changeTable(const std::vector<ChangeLine>& changes, UtcMs now)
 {
     HistoryTable table;
     table.captions = {QStringLiteral("Time"), QStringLiteral("Window"), QStringLiteral("What"),
-                      QStringLiteral("Change")};
+                      QStringLiteral("Change"), QStringLiteral("Label")};
     for (const ChangeLine& line : changes) {
-        table.rows.push_back({localTime(line.time, now), line.screen, line.what, line.change});
+        table.rows.push_back(
+            {localTime(line.time, now), line.screen, line.what, line.change, line.label});
         table.times.push_back(line.time);
     }
     return table;
@@ -92,6 +93,7 @@ void showTable(QTableView& view, const HistoryTable& table)
         for (const QString& text : table.rows[i]) {
             cells += new QStandardItem(text);
             cells.back()->setData(qint64{table.times[i]}, kTimeRole);
+            cells.back()->setToolTip(text); // a long name has no room
         }
         model.appendRow(cells);
     }

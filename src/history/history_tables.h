@@ -19,11 +19,11 @@ struct HistoryTable
     bool operator==(const HistoryTable&) const = default;
 };
 
-/// Begin, end, duration, ductor, label and speed of each alarm, the latest first.
+/// Begin, end, duration, ductor, speed and label of each alarm, the latest first.
 HistoryTable alarmTable(const std::vector<AlarmSpan>& alarms, UtcMs now,
                         const LabelNames& names = {});
 
-/// Time, window, register and values of each change, the latest first.
+/// Time, window, register, values and label's name of each change, the latest first.
 HistoryTable changeTable(const std::vector<ChangeLine>& changes, UtcMs now);
 
 /// A view of a table whose rows can be filtered.

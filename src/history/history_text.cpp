@@ -99,12 +99,27 @@ std::size_t endOfRun(const std::vector<WriteRow>& rows, std::size_t from)
     return end;
 }
 
+/// The label that a write is about; -1: none. A label that was selected is the one written.
+int labelOf(const WriteRow& row)
+{
+    const Known known = knownOf(row);
+    if (row.address == QLatin1String(reg::kLabelNumber.address))
+        return row.after.toInt();
+    return known.label < 0 && known.ductor >= 0 ? row.label.value_or(-1) : known.label;
+}
+
+QString nameOfLabel(std::int64_t label, const LabelNames& names)
+{
+    return label >= 0 && label < kLabels ? names.of(static_cast<int>(label)) : QString();
+}
+
 ChangeLine lineOf(const WriteRow& row, const LabelNames& names)
 {
     QString change = row.before + QStringLiteral(" -> ") + row.after;
     if (!row.confirmed)
         change += QStringLiteral(" (not confirmed)");
-    return {row.time, row.screen, writtenName(row, names), change, knownOf(row).ductor};
+    return {row.time, row.screen,          writtenName(row),
+            change,   knownOf(row).ductor, nameOfLabel(labelOf(row), names)};
 }
 
 } // namespace
@@ -139,10 +154,7 @@ QString spanText(TimeSpan span)
 
 QString labelText(std::int64_t label, const LabelNames& names)
 {
-    const QString number = QString::number(label);
-    if (label < 0 || label >= kLabels)
-        return number;
-    return (number + u' ' + names.of(static_cast<int>(label))).trimmed();
+    return QStringLiteral("%1 %2").arg(label).arg(nameOfLabel(label, names)).trimmed();
 }
 
 QString durationText(UtcMs span)
@@ -158,15 +170,15 @@ QString durationText(UtcMs span)
     return QStringLiteral("%1 d %2 h").arg(span / kDay).arg(span % kDay / kHour);
 }
 
-QString writtenName(const WriteRow& row, const LabelNames& names)
+QString writtenName(const WriteRow& row)
 {
     const Known known = knownOf(row);
     if (known.ductor < 0)
         return known.name;
     QString text = QStringLiteral("ductor %1 %2").arg(known.ductor + 1).arg(known.name);
-    const int label = known.label >= 0 ? known.label : row.label.value_or(-1);
+    const int label = labelOf(row);
     if (label >= 0)
-        text.prepend(QStringLiteral("label %1, ").arg(labelText(label, names)));
+        text.prepend(QStringLiteral("label %1, ").arg(label));
     return known.running ? text + QStringLiteral(" (running)") : text;
 }
 
@@ -176,11 +188,8 @@ std::vector<ChangeLine> changeLines(const std::vector<WriteRow>& rows, const Lab
     for (std::size_t at = 0; at < rows.size();) {
         const std::size_t end = endOfRun(rows, at);
         if (end - at >= kTransfer) {
-            lines.push_back({rows[end - 1].time,
-                             rows[at].screen,
-                             QStringLiteral("%1 values").arg(end - at),
-                             {},
-                             -1});
+            const QString what = QStringLiteral("%1 values").arg(end - at);
+            lines.push_back({rows[end - 1].time, rows[at].screen, what, {}, -1, {}});
             at = end;
             continue;
         }

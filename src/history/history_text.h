@@ -26,9 +26,9 @@ QString durationText(UtcMs span);
 /// "6 Beer gold"; "6" for a label without a name.
 QString labelText(std::int64_t label, const LabelNames& names);
 
-/// What a written register is, in words: "label 6 Beer gold, ductor 3 ON", "Response Time
-/// Compensation", or its address where nothing more is known.
-QString writtenName(const WriteRow& row, const LabelNames& names);
+/// What a written register is, in words: "label 6, ductor 3 ON", "Response Time Compensation", or
+/// its address where nothing more is known.
+QString writtenName(const WriteRow& row);
 
 /// One line of the table of changes.
 struct ChangeLine
@@ -38,6 +38,7 @@ struct ChangeLine
     QString what;
     QString change;  ///< "26 -> 30"
     int ductor = -1; ///< 0 to 7; -1: of no ductor
+    QString label;   ///< name of the label that it is about, where it has one
 };
 
 /// The changes as a person made them, in the order of `rows` (the latest first): a duration is

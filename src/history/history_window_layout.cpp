@@ -17,6 +17,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace tambrix {
@@ -24,8 +25,10 @@ namespace tambrix {
 namespace {
 
 constexpr QSize kSize(1200, 690);
-constexpr int kReloadAfter = 40; // ms
+constexpr int kReloadAfter = 40;  // ms
+constexpr double kUsualLine = 17; // px: what the sizes are for
 constexpr int kTablesHeight = 150;
+constexpr int kTableLines = 7;
 constexpr int kFilterWidth = 180;
 
 QLabel* makeCaption(const char* text, QWidget& field)
@@ -52,7 +55,7 @@ HistoryWindow::HistoryWindow(const Source& source, QWidget* parent)
     setObjectName(QStringLiteral("frmHistory"));
     setWindowTitle(QStringLiteral("History"));
     setWindowFlag(Qt::WindowMinMaxButtonsHint);
-    resize(kSize);
+    resizeInto(*this, kSize * std::max(1.0, fontMetrics().height() / kUsualLine));
     m_summary->setObjectName(QStringLiteral("lblHistorySummary"));
     m_summary->setWordWrap(true);
     m_reload.setSingleShot(true);
@@ -114,8 +117,8 @@ QWidget* HistoryWindow::makeTables()
     auto* row = new QHBoxLayout(tables);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(makeTable(*m_alarms, QStringLiteral("Alarms")), 4);
-    row->addWidget(makeTable(*m_changes, QStringLiteral("Changes")), 5);
-    tables->setFixedHeight(kTablesHeight);
+    row->addWidget(makeTable(*m_changes, QStringLiteral("Changes")), 6);
+    tables->setFixedHeight(std::max(kTablesHeight, kTableLines * fontMetrics().height()));
     return tables;
 }
 

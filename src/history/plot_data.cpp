@@ -135,6 +135,8 @@ QString valuesAt(const PlotData& data, UtcMs time)
         if (point.time.contains(time) && point.rate)
             parts += QStringLiteral("%1 c/min").arg(*point.rate, 0, 'f', 1);
     }
+    if (const auto inputs = valueIn(data.inputs, time))
+        parts += operatingModeText(operatingMode(static_cast<int>(*inputs)));
     if (const auto label = valueIn(data.labels, time))
         parts += QStringLiteral("label %1").arg(labelText(*label, data.names));
     return parts.join(QStringLiteral(", "));

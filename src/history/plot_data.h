@@ -32,7 +32,8 @@ struct PlotData
 /// Reads it, in about `points` points.
 PlotData readPlotData(HistoryReader& reader, TimeSpan span, int ductor, int points);
 
-/// What is shown at `time`, for the crosshair: "1164 CPM, 23.1 c/min, label 6 Beer gold"; empty:
+/// What is shown at `time`, for the crosshair: "1164 CPM, 23.1 c/min, AUTO, label 6 Beer gold";
+/// empty:
 /// nothing is known.
 QString valuesAt(const PlotData& data, UtcMs time);
 

@@ -92,11 +92,12 @@ TEST(HistoryWindowTest, ShowsWhatWasRecorded)
     ASSERT_EQ(rig.rows(shown, "tblAlarms"), 1);
     EXPECT_EQ(rig.cell(shown, "tblAlarms", 0, 1), "still on");
     EXPECT_EQ(rig.cell(shown, "tblAlarms", 0, 3), "3");
-    EXPECT_EQ(rig.cell(shown, "tblAlarms", 0, 4), "0 Beer gold");
+    EXPECT_EQ(rig.cell(shown, "tblAlarms", 0, 5), "0 Beer gold");
     ASSERT_EQ(rig.rows(shown, "tblChanges"), 2); // running and stored are one change
     EXPECT_EQ(rig.cell(shown, "tblChanges", 0, 3), "***** -> *****");
     EXPECT_EQ(rig.cell(shown, "tblChanges", 1, 1), "Main Display");
-    EXPECT_EQ(rig.cell(shown, "tblChanges", 1, 2), "label 0 Beer gold, ductor 3 ON");
+    EXPECT_EQ(rig.cell(shown, "tblChanges", 1, 2), "label 0, ductor 3 ON");
+    EXPECT_EQ(rig.cell(shown, "tblChanges", 1, 4), "Beer gold");
     EXPECT_TRUE(rig.cell(shown, "tblChanges", 1, 3).endsWith(" -> 30"));
     const auto* plots = shown.findChild<HistoryPlots*>();
     EXPECT_TRUE(plots->accessibleDescription().contains("alarms of ductor 3: 1"));
