@@ -24,7 +24,6 @@ constexpr double kPointerStep = 0.01; // of the width
 constexpr UtcMs kNarrowest = 10 * kSecond;
 constexpr UtcMs kWidest = 400 * kDay;
 constexpr double kAlarmHalf = 0.35;   // of the height of an alarm's line
-constexpr int kReadable = 9;          // px: smaller numbers are not
 constexpr int kTextMargin = 6;        // px
 constexpr double kFinestPart = 0.001; // of the width: what is shorter is drawn as long as this
 
@@ -244,13 +243,14 @@ void HistoryPlots::fitToSize()
         return;
     m_fitted = size;
     const int line = std::max(size.height() / kDuctors, 1);
-    const int step = line < kReadable ? 2 : 1; // each ductor, or each second one
+    const int usual = QFontInfo(font()).pixelSize();
+    const int step = 3 * line < 2 * usual ? 2 : 1; // too small to read: only each second one
     const QSharedPointer<QCPAxisTickerFixed> ductors(new QCPAxisTickerFixed);
     ductors->setTickOrigin(1);
     ductors->setTickStep(step);
     m_rects[Alarms]->axis(QCPAxis::atLeft)->setTicker(ductors);
     QFont numbers = font();
-    numbers.setPixelSize(std::min(step * line, QFontInfo(font()).pixelSize()));
+    numbers.setPixelSize(std::min(step * line, usual));
     m_rects[Alarms]->axis(QCPAxis::atLeft)->setTickLabelFont(numbers);
     showBars(palette());
 }

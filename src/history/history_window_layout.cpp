@@ -28,7 +28,7 @@ constexpr QSize kSize(1200, 690);
 constexpr int kReloadAfter = 40;  // ms
 constexpr double kUsualLine = 17; // px: what the sizes are for
 constexpr int kTablesHeight = 150;
-constexpr int kTableLines = 7;
+constexpr int kTableLines = 8;
 constexpr int kFilterWidth = 180;
 
 QLabel* makeCaption(const char* text, QWidget& field)
