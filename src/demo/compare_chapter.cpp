@@ -13,7 +13,8 @@ namespace {
 
 constexpr int kLabel = 3;
 constexpr int kDuctor = 2;
-constexpr int kMostOfAll = 1000; // values: reading all of them takes longer than a step may
+constexpr int kStride = 250; // values: reading all of them takes longer than a step may
+constexpr int kStrides = 5;
 const QString kFile = QStringLiteral("press.sdt");
 
 /// A row of the tree by its titles from the top; the last one ticked or unticked.
@@ -53,9 +54,10 @@ void changeThree(SimulatedBoard& board)
 /// What reads the controller is shown under way, and then what it came to.
 Task watchReading(DemoStage& stage, QString what, QString picture, const char* summary)
 {
-    co_await stage.step({}, {}, [&stage] {
-        return stage.control<QProgressBar>("prgCompare").value() > kMostOfAll;
-    });
+    for (int read = kStride; read <= kStrides * kStride; read += kStride)
+        co_await stage.step({}, {}, [&stage, read] {
+            return stage.control<QProgressBar>("prgCompare").value() > read;
+        });
     co_await stage.step(what, picture, summaryHas(stage, summary));
 }
 
