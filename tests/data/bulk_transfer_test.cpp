@@ -153,21 +153,31 @@ TEST(BulkTransfer, GoesOnPastWhatCannotBeMovedAndTellsIt)
     EXPECT_EQ(rig.board.peek(32), rig.before[32]);
 }
 
-TEST(BulkTransfer, ReadThatNeverSucceedsKeepsTheValue)
+TEST(BulkTransfer, AReadIsTriedThreeTimesAndThenKeepsTheValue)
 {
-    TransferRig rig;
-    // Of the third entry, whose turns the line disturbs, and of the second, read again between.
-    for (const std::size_t exchange : {6U, 9U, 12U})
-        rig.line.setFault(exchange, {Kind::ChangeReply, 0x40, {}});
-    EXPECT_FALSE(rig.run(kUpload));
-    ASSERT_FALSE(rig.findings.empty());
-    for (const EntryFinding& finding : rig.findings) {
-        EXPECT_EQ(finding.fault, EntryFault::Unread);
-        EXPECT_EQ(rig.state.gWorkingData.Value[slot(finding.entry)],
-                  TransferRig::inData(finding.entry));
+    struct Case
+    {
+        std::vector<std::size_t> exchanges; ///< from 6 on: the third entry, or the second again
+        LineFault fault;
+        std::size_t kept;
+    };
+    const LineFault changed{Kind::ChangeReply, 0x40, {}};
+    const Case cases[] = {{{6, 9}, changed, 0},
+                          {{6, 9, 12}, changed, 2},
+                          {{6, 9, 16, 19}, changed, 0},          // two entries, twice each
+                          {{6}, {Kind::DoubleReply, 0, {}}, 0}}; // an echo stands for the value
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.exchanges.size());
+        TransferRig rig;
+        for (const std::size_t exchange : c.exchanges)
+            rig.line.setFault(exchange, c.fault);
+        EXPECT_FALSE(rig.run(kUpload));
+        EXPECT_EQ(rig.findings.size(), c.kept);
+        for (const EntryFinding& finding : rig.findings)
+            EXPECT_EQ(finding.fault, EntryFault::Unread);
+        EXPECT_EQ(rig.entriesInData(TransferRig::inData), static_cast<int>(c.kept));
+        EXPECT_EQ(rig.soundEntries(), kEntries);
     }
-    EXPECT_EQ(rig.entriesInData(TransferRig::onBoard) + static_cast<int>(rig.findings.size()),
-              kEntries);
 }
 
 TEST(BulkTransfer, WriteWithoutTheRightAnswersIsReadBack)
