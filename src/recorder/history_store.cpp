@@ -67,6 +67,18 @@ template <typename Rows, typename Insert> SqlResult forAll(const Rows& rows, Ins
     return SqlResult::Done;
 }
 
+/// A program that is killed while it makes its lock leaves one that names nobody: it would hold for
+/// ever. A lock that somebody has open is not removed.
+bool take(QLockFile& lock)
+{
+    qint64 process = 0;
+    QString computer;
+    QString program;
+    return lock.tryLock(0) || (lock.error() == QLockFile::LockFailedError &&
+                               !lock.getLockInfo(&process, &computer, &program) &&
+                               lock.removeStaleLockFile() && lock.tryLock(0));
+}
+
 } // namespace
 
 HistoryStore::HistoryStore(QString file, std::function<void(const QString&)> tell)
@@ -98,7 +110,7 @@ SqlResult HistoryStore::open()
         m_lock = std::make_unique<QLockFile>(m_path + QStringLiteral(".lock"));
         m_lock->setStaleLockTime(0); // a run may last for months
     }
-    if (!m_lock->isLocked() && !m_lock->tryLock(0))
+    if (!m_lock->isLocked() && !take(*m_lock))
         return m_lock->error() == QLockFile::LockFailedError ? SqlResult::Busy : SqlResult::Full;
     SqlResult result = m_file.open(m_path);
     if (result == SqlResult::Done)
