@@ -220,13 +220,31 @@ std::vector<AlarmSpan> HistoryReader::alarms(TimeSpan span)
         }
     }
     std::erase_if(found, [&](const AlarmSpan& alarm) { return alarm.time.end <= span.begin; });
-    for (AlarmSpan& alarm : found) {
-        alarm.speed = speedAt(alarm.time.begin);
-        if (const auto label =
-                valueAt(recordedAddress(reg::kLabelNumber.address), alarm.time.begin, true))
-            alarm.label = static_cast<int>(*label);
-    }
+    describe(found, wider);
     return found;
+}
+
+/// Tells label and speed when each of them began. A month has hundreds of alarms: labels and
+/// periods are asked for once for all of them.
+void HistoryReader::describe(std::vector<AlarmSpan>& alarms, TimeSpan span)
+{
+    const int address = recordedAddress(reg::kLabelNumber.address);
+    const std::vector<TimeSpan> online = periods(span);
+    const std::vector<ValueSpan> labels = values(address, span);
+    auto next = labels.begin();
+    std::optional<std::int64_t> label = valueAt(address, span.begin, true);
+    for (AlarmSpan& alarm : alarms) {
+        const UtcMs begin = alarm.time.begin;
+        for (; next != labels.end() && next->time.begin <= begin; ++next)
+            label = next->value ? next->value : label;
+        if (label)
+            alarm.label = static_cast<int>(*label);
+        const auto period = std::find_if(online.rbegin(), online.rend(), [&](const TimeSpan& one) {
+            return one.begin <= begin && begin < one.end;
+        });
+        if (period != online.rend())
+            alarm.speed = speedAt(begin, *period);
+    }
 }
 
 std::vector<WriteRow> HistoryReader::writes(TimeSpan span, int most)
@@ -256,15 +274,12 @@ std::optional<std::int64_t> HistoryReader::valueAt(int address, UtcMs time, bool
     return value;
 }
 
-std::optional<int> HistoryReader::speedAt(UtcMs time)
+std::optional<int> HistoryReader::speedAt(UtcMs time, TimeSpan period)
 {
     std::optional<int> speed;
-    const auto period = periodAt(time);
-    if (!period)
-        return speed;
     select(QStringLiteral("SELECT last FROM %1 WHERE t<=? AND t>=? ORDER BY t DESC LIMIT 1")
                .arg(speedTable(0)),
-           {qint64{time}, qint64{period->begin - kSecond}},
+           {qint64{time}, qint64{period.begin - kSecond}},
            [&](const QSqlQuery& row) { speed = wholeNumber(row, 0); });
     return speed;
 }

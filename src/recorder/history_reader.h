@@ -62,7 +62,6 @@ public:
 
     /// The value at `time`; or else the last one read before, where `orBefore`.
     std::optional<std::int64_t> valueAt(int address, UtcMs time, bool orBefore = false);
-    std::optional<int> speedAt(UtcMs time);
 
     /// When the shift counts were last reset, no longer than a day before `now`; or else eight
     /// hours before.
@@ -72,6 +71,8 @@ private:
     void select(const QString& sql, const QVariantList& values,
                 const std::function<void(const QSqlQuery&)>& row);
     std::optional<TimeSpan> periodAt(UtcMs time);
+    void describe(std::vector<AlarmSpan>& alarms, TimeSpan span);
+    std::optional<int> speedAt(UtcMs time, TimeSpan period);
     std::vector<SpeedRow> speedRows(std::size_t bin, TimeSpan span);
 
     SqlFile m_file;

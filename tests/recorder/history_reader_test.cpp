@@ -66,10 +66,6 @@ TEST(HistoryReader, SpeedHoldsUntilTheNextRowAndNotBeyondTheTimeOnLine)
     HistoryReader reader(history.path);
     EXPECT_EQ(text(reader.speed(History::span(-50, 400), 450)),
               "0:1200 40:1200 40:1195 99:1195 100:- 200:0 210:0 210:-");
-    EXPECT_EQ(reader.speedAt(History::at(60)), 1195);
-    EXPECT_EQ(reader.speedAt(History::at(150)), std::nullopt); // off line
-    EXPECT_EQ(reader.speedAt(History::at(220)), std::nullopt); // not read
-    EXPECT_EQ(reader.speedAt(History::at(205)), 0);            // it stood
 }
 
 /// As many rows for a month as for a day, and no peak lost.
