@@ -171,6 +171,7 @@ TEST_F(FileCommandsTest, AnotherVersionIsTakenOnlyAfterAQuestion)
     EXPECT_EQ(person.boxes[0].buttons, BoxButtons::YesNoCancel);
     EXPECT_EQ(state.gWorkingData, state.gDefaultData);
     EXPECT_EQ(state.gFileNameTitle, "old.sdt");
+    EXPECT_EQ(person.openQuestions.size(), 1U);
 
     willAnswer({BoxAnswer::No}, {file}); // starts again; then the dialog is cancelled
     person.openQuestions.clear();
@@ -220,6 +221,9 @@ TEST_F(FileCommandsTest, FailedSaveSaysWhyAndChangesNothing)
     EXPECT_EQ(state.gWorkingData, edited);
     EXPECT_EQ(state.gSavedData, otherData());
     EXPECT_EQ(inFile(path("a.sdt")), otherData());
+    willAnswer({BoxAnswer::Yes}, {}); // save them first: they are kept when that fails
+    pick("mnuFileNew");
+    EXPECT_EQ(state.gWorkingData, edited);
     // of the others neither a failure nor Cancel is mentioned
     willAnswer({}, {path("gone/b.sdt"), path("gone/b.txt")});
     for (const char* item : {"mnuFileSaveAs", "mnuFileExport", "mnuFileSaveAs", "mnuFileExport"})

@@ -79,3 +79,15 @@ TEST(PromptTexts, HaveOneBreakALineAndFilesTheirSuffix)
     EXPECT_EQ(withSuffix("/press.SDT", "sdt"), "/press.SDT");
     EXPECT_EQ(withSuffix("/press", ""), "/press");
 }
+
+TEST(PromptTexts, ACancelledQuestionHasNoAnswer)
+{
+    QtPrompts prompts;
+    const auto cancelled = [](const auto& ask) {
+        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        return !ask().has_value();
+    };
+    EXPECT_TRUE(cancelled([&] { return prompts.askText("Press Name", "Name:", "Press 3"); }));
+    EXPECT_TRUE(cancelled([&] { return prompts.askOpenFile({}); }));
+    EXPECT_TRUE(cancelled([&] { return prompts.askSaveFile({}); }));
+}
