@@ -18,6 +18,9 @@ else()
   target_compile_options(tambrix_warnings INTERFACE
     -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wredundant-decls)
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang") # sizes of Qt are signed, those of the library are not
+    target_compile_options(tambrix_warnings INTERFACE -Wno-sign-conversion)
+  endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(tambrix_warnings INTERFACE -Wsuggest-override -Wlogical-op)
   endif()

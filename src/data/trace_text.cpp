@@ -117,7 +117,8 @@ QByteArray modeLine(const LineFrames& frames)
     const std::string_view mode = frames.mode();
     return mode.empty()
                ? QByteArray()
-               : kModeLineBegin + QByteArray(mode.data(), mode.size()) + kModeLineEnd + '\n';
+               : kModeLineBegin + QByteArray(mode.data(), static_cast<qsizetype>(mode.size())) +
+                     kModeLineEnd + '\n';
 }
 
 std::optional<LineFrames> framesOf(const QByteArray& modeLine)
