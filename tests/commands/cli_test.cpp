@@ -81,7 +81,7 @@ struct CommandRig
     /// The same with 64 MiB for all its data; the address sanitizer's own takes more.
     Ended runInLittleMemory(const QString& line) const
     {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TAMBRIX_SANITIZE
         return run(line);
 #else
         QProcess process;

@@ -226,7 +226,7 @@ Claim command(LinkRig& rig, const QString& name, const QStringList& arguments,
     console.setSilent();
     CommonOptions options;
     options.programFolder = QString::fromStdString(rig.folder.path().string());
-    options.line.emplace(rig.port, rig.clock);
+    options.line.emplace(ReadyLine{rig.port, rig.clock});
     Claim claim;
     try {
         claim.done =
