@@ -58,6 +58,7 @@ HistoryWindow::HistoryWindow(const Source& source, QWidget* parent)
     resizeInto(*this, kSize * std::max(1.0, fontMetrics().height() / kUsualLine));
     m_summary->setObjectName(QStringLiteral("lblHistorySummary"));
     m_summary->setWordWrap(true);
+    m_summary->setMinimumHeight(2 * m_summary->fontMetrics().lineSpacing()); // on a small screen
     m_reload.setSingleShot(true);
     m_reload.setInterval(kReloadAfter);
     auto* layout = new QVBoxLayout(this);
