@@ -8,7 +8,7 @@ class ShortPauses
 {
 public:
     ShortPauses();
-    ~ShortPauses();
+    ~ShortPauses(); // NOLINT(performance-trivially-destructible): not on Windows
     ShortPauses(const ShortPauses&) = delete;
     ShortPauses& operator=(const ShortPauses&) = delete;
 };

@@ -13,7 +13,7 @@ class Utf8Console
 {
 public:
     Utf8Console();
-    ~Utf8Console();
+    ~Utf8Console(); // NOLINT(performance-trivially-destructible): not on Windows
     Utf8Console(const Utf8Console&) = delete;
     Utf8Console& operator=(const Utf8Console&) = delete;
 
