@@ -1,5 +1,6 @@
 #include "shell/main_window.h"
 
+#include "controls/forms.h"
 #include "controls/frame_limit.h"
 #include "data/link_text.h"
 #include "data/parameters.h"
@@ -13,7 +14,6 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenuBar>
-#include <QScreen>
 #include <QStatusBar>
 
 namespace tambrix {
@@ -23,7 +23,6 @@ namespace {
 constexpr int kPollInterval = 500; // ms
 constexpr int kNextTry = 50;       // ms
 constexpr QSize kFirstSize(1280, 690);
-constexpr QSize kFrame(16, 40);          // about what the desktop puts around a window
 constexpr QSize kSmallestSize(900, 540); // below it the screens cannot be read
 const QString kDesignedCaption = QStringLiteral("TAMBRIX - ");
 
@@ -38,9 +37,8 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
       m_toolbar(new Toolbar(state))
 {
     setObjectName(QStringLiteral("frmTambrix"));
-    const QSize room = screen()->availableGeometry().size() - kFrame;
-    resize(kFirstSize.boundedTo(room));
-    setMinimumSize(kSmallestSize.boundedTo(room));
+    resizeInto(*this, kFirstSize);
+    setMinimumSize(kSmallestSize.boundedTo(size()));
     setCentralWidget(m_place);
 
     buildFileMenu(commands);

@@ -1,8 +1,8 @@
 // The built program, as a script sees it: arguments, exit code, output, and what stands on the
 // simulated controller afterwards.
 
+#include "tests/commands/command_rig.h"
 #include "data/label_names.h"
-#include "data/setup_file.h"
 #include "simulator/sample_program.h"
 
 #include <QDateTime>
@@ -19,108 +19,6 @@
 using namespace tambrix;
 
 namespace {
-
-struct Ended
-{
-    int code = -1;
-    QString out;
-    QString err;
-};
-
-/// A folder of its own, a simulated controller in a process of its own, and the program.
-struct CommandRig
-{
-    explicit CommandRig(QStringList boardOptions = {"--unpaced"})
-    {
-        board.start(TAMBRIX_BOARD, boardOptions);
-        if (board.waitForStarted() && board.waitForReadyRead())
-            device = QString::fromLocal8Bit(board.readLine()).trimmed();
-    }
-    ~CommandRig() { pull(); }
-    CommandRig(const CommandRig&) = delete;
-    CommandRig& operator=(const CommandRig&) = delete;
-
-    void pull()
-    {
-        board.kill();
-        board.waitForFinished();
-    }
-
-    QString file(const QString& name) const { return folder.filePath(name); }
-
-    void start(QProcess& process, QStringList arguments) const
-    {
-        prepare(process);
-        process.start(TAMBRIX_CLI, arguments);
-    }
-
-    void prepare(QProcess& process) const
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_CONFIG_HOME", folder.path());
-        environment.insert("TAMBRIX_SERIAL_DEVICE", device);
-        environment.insert("TAMBRIX_PROGRAM_FOLDER", folder.path());
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(folder.path());
-    }
-
-    static Ended finished(QProcess& process)
-    {
-        EXPECT_TRUE(process.waitForFinished(20'000));
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
-
-    Ended run(const QString& line) const
-    {
-        QProcess process;
-        start(process, QProcess::splitCommand(line));
-        return finished(process);
-    }
-
-    /// The same with 64 MiB for all its data; the address sanitizer's own takes more.
-    Ended runInLittleMemory(const QString& line) const
-    {
-#ifdef TAMBRIX_SANITIZE
-        return run(line);
-#else
-        QProcess process;
-        prepare(process);
-        process.start("sh", {"-c", "ulimit -d 65536; exec \"$0\" " + line, TAMBRIX_CLI});
-        return finished(process);
-#endif
-    }
-
-    /// The same where no file can grow beyond 4 KiB, as on a full disk.
-    Ended runOnFullDisk(const QString& line) const
-    {
-        QProcess process;
-        prepare(process);
-        process.start("sh", {"-c", "trap '' XFSZ; ulimit -f 8; exec \"$0\" " + line, TAMBRIX_CLI});
-        return finished(process);
-    }
-
-    SetupDataRecord load(const QString& name) const
-    {
-        QFile stored(file(name));
-        if (!stored.open(QIODevice::ReadOnly))
-            return {};
-        const auto read = readSetupFile(stored.readAll().toStdString());
-        return std::holds_alternative<SetupDataRecord>(read) ? std::get<SetupDataRecord>(read)
-                                                             : SetupDataRecord{};
-    }
-
-    void save(const QString& name, const SetupDataRecord& record) const
-    {
-        QFile stored(file(name));
-        ASSERT_TRUE(stored.open(QIODevice::WriteOnly));
-        stored.write(QByteArray::fromStdString(setupFileBytes(record)));
-    }
-
-    QTemporaryDir folder;
-    QProcess board;
-    QString device;
-};
 
 constexpr std::size_t kMaximumCycle = 8; // entries of the data set
 constexpr std::size_t kMaximumOn = 9;
@@ -317,41 +215,6 @@ TEST(Cli, FullDiskLeavesFileAndPressAsTheyWere)
     EXPECT_EQ(rig.load("b.sdt").Value[kMaximumCycle], 490);
     EXPECT_EQ(rig.run("compare a.sdt").code, 0) << "the press holds what it held";
     EXPECT_FALSE(QFile::exists(rig.file("a.csv")));
-}
-
-/// A file that would be very large if anybody read it.
-void makeHole(const QString& path, const QByteArray& head)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(head);
-    ASSERT_TRUE(file.resize(qint64{4} << 30));
-}
-
-TEST(Cli, FilesThatAreNoneAreRefusedAtOnceInLittleMemory)
-{
-    const CommandRig rig;
-    makeHole(rig.file("hole.sdt"), {});
-    makeHole(rig.file("hole.json"), "{");
-    makeHole(rig.file("hole.csv"), "TAMBRIX data set,1,V\r\n");
-    QFile claim(rig.file("claim.sdt")); // 4,294,967,295 entries
-    ASSERT_TRUE(claim.open(QIODevice::WriteOnly));
-    claim.write(QByteArray("\0\0\1\0\xFF\xFF\xFF\xFF\0\0\0\0", 12).leftJustified(30'000, '\0'));
-    claim.close();
-    QProcess::execute("mkfifo", {rig.file("pipe.sdt")});
-    const std::pair<const char*, const char*> links[] = {{"/dev/zero", "zero.sdt"},
-                                                         {"self.sdt", "self.sdt"},
-                                                         {"pipe.sdt", "pipe.csv"},
-                                                         {".", "folder.json"}};
-    for (const auto& [target, name] : links)
-        QProcess::execute("ln", {"-s", target, rig.file(name)});
-    for (const char* name : {"hole.sdt", "hole.json", "hole.csv", "claim.sdt", "pipe.sdt",
-                             "zero.sdt", "self.sdt", "pipe.csv", "folder.json"}) {
-        const Ended run = rig.runInLittleMemory(QStringLiteral("convert %1 out.csv").arg(name));
-        EXPECT_EQ(run.code, 5) << name;
-        EXPECT_TRUE(run.err.contains(name) && run.err.count('\n') == 1) << run.err.toStdString();
-    }
-    EXPECT_FALSE(QFile::exists(rig.file("out.csv")));
 }
 
 TEST(Cli, SetsTheClock)

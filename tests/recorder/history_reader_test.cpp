@@ -145,7 +145,7 @@ TEST(HistoryReader, AlarmsHaveTheirSpeedAndLabelAndEndOffLine)
 {
     const History history;
     history.online(0, 100, [](HistoryBatch& batch) {
-        batch.speed[0] = {speedAt(0, 1164)};
+        batch.speed[0] = {speedAt(0, 1164), speedAt(35, 0)};
         batch.values = {{History::at(0), kLabel, 7},
                         {History::at(9), kLabel, std::nullopt},
                         {History::at(0), kAlarms, 0},
@@ -165,7 +165,7 @@ TEST(HistoryReader, AlarmsHaveTheirSpeedAndLabelAndEndOffLine)
                  std::to_string((alarm.time.end - kNoon) / kSecond) + (alarm.ended ? "" : "+") +
                  " " + std::to_string(alarm.speed.value_or(-1)) + " " +
                  std::to_string(alarm.label.value_or(-1)) + "; ";
-    EXPECT_EQ(found, "3:10-50 1164 7; 1:40-100+ 1164 7; 1:500-600+ -1 7; ");
+    EXPECT_EQ(found, "3:10-50 1164 7; 1:40-100+ 0 7; 1:500-600+ -1 7; ");
 }
 
 TEST(HistoryReader, AnswersForAFileThatIsNotThereOrIsNewer)

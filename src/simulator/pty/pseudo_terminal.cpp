@@ -1,5 +1,6 @@
 #include "simulator/pty/pseudo_terminal.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -21,9 +22,9 @@ std::string unlockedPath(int master)
 {
     require(master >= 0, "no pseudo-terminal");
     require(grantpt(master) == 0 && unlockpt(master) == 0, "pseudo-terminal is locked");
-    const char* name = ptsname(master);
-    require(name != nullptr, "pseudo-terminal has no name");
-    return name;
+    std::array<char, 64> name{};
+    require(ptsname_r(master, name.data(), name.size()) == 0, "pseudo-terminal has no name");
+    return name.data();
 }
 
 void makeRaw(int descriptor)
