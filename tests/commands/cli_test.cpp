@@ -1,9 +1,9 @@
 // The built program, as a script sees it: arguments, exit code, output, and what stands on the
 // simulated controller afterwards.
 
-#include "tests/commands/command_rig.h"
 #include "data/label_names.h"
 #include "simulator/sample_program.h"
+#include "tests/commands/command_rig.h"
 
 #include <QDateTime>
 #include <QDir>
