@@ -21,8 +21,10 @@ NewsLine::NewsLine(QMainWindow& window, const QString& topic)
     toggleViewAction()->setVisible(false);
     m_text->setObjectName(QStringLiteral("lbl%1News").arg(topic));
     m_text->setMargin(kMargin);
+    m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // long paths
     addWidget(m_text);
     addAction(QStringLiteral("Seen"), this, &QToolBar::hide);
+    window.addToolBarBreak(Qt::BottomToolBarArea); // below the news of another
     window.addToolBar(Qt::BottomToolBarArea, this);
     hide();
 }
@@ -30,6 +32,7 @@ NewsLine::NewsLine(QMainWindow& window, const QString& topic)
 void NewsLine::tell(const QString& news)
 {
     m_text->setText(news);
+    m_text->setToolTip(QStringLiteral("<p>%1</p>").arg(news.toHtmlEscaped()));
     show();
     announce(*m_text);
 }
