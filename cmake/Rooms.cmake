@@ -18,8 +18,11 @@ else()
   target_compile_options(tambrix_warnings INTERFACE
     -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wredundant-decls)
-  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang") # sizes of Qt are signed, those of the library are not
-    target_compile_options(tambrix_warnings INTERFACE -Wno-sign-conversion)
+  # Clang: sizes of Qt are signed, those of the library are not. No modules are in use, and
+  # clang-tidy would read every header a second time for them.
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    target_compile_options(tambrix_warnings INTERFACE
+      -Wno-sign-conversion "SHELL:-Xclang -fno-cxx-modules")
   endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(tambrix_warnings INTERFACE -Wsuggest-override -Wlogical-op)
@@ -35,27 +38,36 @@ if(TAMBRIX_SANITIZE)
   target_link_options(tambrix_warnings INTERFACE -fsanitize=address,undefined)
 endif()
 
-# One precompiled header for every target that stands on Qt. It is made with no macros but those
-# that all of them have, else the compiler refuses it.
-if(TAMBRIX_PCH)
+# tambrix_precompiled(NAME [LINKS target...] [HEADERS <header>...])
+# A precompiled header of the library's own headers and of HEADERS, for targets that stand on Qt. It
+# is made with no macros but those that all of them have, else the compiler refuses it.
+function(tambrix_precompiled name)
+  if(NOT TAMBRIX_PCH)
+    return()
+  endif()
+  cmake_parse_arguments(PCH "" "" "LINKS;HEADERS" ${ARGN})
   find_package(Qt6 REQUIRED COMPONENTS Widgets)
-  file(CONFIGURE OUTPUT precompiled.cpp CONTENT "")
-  add_library(tambrix_precompiled STATIC ${CMAKE_CURRENT_BINARY_DIR}/precompiled.cpp)
-  target_link_libraries(tambrix_precompiled PUBLIC tambrix_warnings Qt6::Core)
-  target_include_directories(tambrix_precompiled SYSTEM PRIVATE
+  file(CONFIGURE OUTPUT ${name}.cpp CONTENT "")
+  add_library(${name} STATIC ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  target_link_libraries(${name} PUBLIC tambrix_warnings Qt6::Core ${PCH_LINKS})
+  target_include_directories(${name} SYSTEM PRIVATE
     $<TARGET_PROPERTY:Qt6::Widgets,INTERFACE_INCLUDE_DIRECTORIES>
     $<TARGET_PROPERTY:Qt6::Gui,INTERFACE_INCLUDE_DIRECTORIES>)
-  target_precompile_headers(tambrix_precompiled PRIVATE
+  target_precompile_headers(${name} PRIVATE
     <algorithm> <array> <chrono> <filesystem> <functional> <memory> <optional> <string> <vector>
     <QApplication> <QBoxLayout> <QCheckBox> <QDateTime> <QDialog> <QDir> <QFile> <QGridLayout>
-    <QGroupBox> <QLabel> <QLineEdit> <QMainWindow> <QMouseEvent> <QPainter> <QPushButton> <QTimer>)
-endif()
+    <QGroupBox> <QLabel> <QLineEdit> <QMainWindow> <QMouseEvent> <QPainter> <QPushButton> <QTimer>
+    ${PCH_HEADERS})
+endfunction()
 
-function(tambrix_precompile target)
-  if(TAMBRIX_PCH AND "${ARGN}" MATCHES "Qt6::|_data|_platform|_shell|_controls")
-    target_precompile_headers(${target} REUSE_FROM tambrix_precompiled)
+# Lets a target take a precompiled header.
+function(tambrix_precompile target name)
+  if(TAMBRIX_PCH)
+    target_precompile_headers(${target} REUSE_FROM ${name})
   endif()
 endfunction()
+
+tambrix_precompiled(tambrix_precompiled_rooms)
 
 # tambrix_room(NAME [QT] SOURCES file... [LINKS target...])
 # QT: the room's classes carry Q_OBJECT.
@@ -63,7 +75,9 @@ function(tambrix_room name)
   cmake_parse_arguments(ROOM "QT" "" "SOURCES;LINKS" ${ARGN})
   add_library(tambrix_${name} STATIC ${ROOM_SOURCES})
   target_link_libraries(tambrix_${name} PUBLIC tambrix_warnings ${ROOM_LINKS})
-  tambrix_precompile(tambrix_${name} ${ROOM_LINKS})
+  if("${ROOM_LINKS}" MATCHES "Qt6::|_data|_platform|_shell|_controls")
+    tambrix_precompile(tambrix_${name} tambrix_precompiled_rooms)
+  endif()
   if(ROOM_QT)
     set_target_properties(tambrix_${name} PROPERTIES AUTOMOC ON)
   endif()
