@@ -10,6 +10,14 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
+# The test programs are many: the quicker linker, where there is one.
+if(CMAKE_BUILD_TYPE STREQUAL "Debug" AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  find_program(TAMBRIX_LLD ld.lld)
+  if(TAMBRIX_LLD)
+    add_link_options(-fuse-ld=lld)
+  endif()
+endif()
+
 add_library(tambrix_warnings INTERFACE)
 target_include_directories(tambrix_warnings INTERFACE ${CMAKE_SOURCE_DIR}/src)
 if(MSVC)
