@@ -3,6 +3,7 @@
 #include "data/whole_file.h"
 
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSettings>
 #include <QStorageInfo>
 
@@ -55,6 +56,14 @@ std::optional<QString> writeOwnFile(const QString& path, const QByteArray& conte
     return writeWholeFile(path, content);
 }
 
+bool removeNamelessLock(QLockFile& lock)
+{
+    qint64 process = 0;
+    QString computer;
+    QString program;
+    return !lock.getLockInfo(&process, &computer, &program) && lock.removeStaleLockFile();
+}
+
 QVariant ownSetting(const QString& iniFile, const QString& key)
 {
     const QFileInfo file(iniFile);
@@ -73,6 +82,8 @@ std::optional<QString> keepOwnSetting(const QString& iniFile, const QString& key
     QDir().mkpath(file.path());
     if (!hasRoom(file.path()))
         return QStringLiteral("There is no room on the disk for %1.").arg(iniFile);
+    QLockFile lock(iniFile + QStringLiteral(".lock")); // Qt's own, which it waits for
+    removeNamelessLock(lock);
     QSettings settings(iniFile, QSettings::IniFormat);
     if (value.isValid())
         settings.setValue(key, value);

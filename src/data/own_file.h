@@ -7,6 +7,8 @@
 
 #include <optional>
 
+class QLockFile;
+
 namespace tambrix {
 
 /// What the program keeps of its own accord stays where it belongs: where a link stands in the
@@ -21,6 +23,10 @@ std::optional<QString> makeOwnFolder(const QDir& folder);
 
 /// writeWholeFile() for such a file; its folder is made when it is missing.
 std::optional<QString> writeOwnFile(const QString& path, const QByteArray& content);
+
+/// A program that is killed while it makes its lock file leaves one that names nobody, and others
+/// would wait for it. Removes such a one, unless somebody has it open; returns whether it did.
+bool removeNamelessLock(QLockFile& lock);
 
 /// What an .ini file keeps under `key`; nothing where there is no plain file of some size.
 QVariant ownSetting(const QString& iniFile, const QString& key);

@@ -67,16 +67,10 @@ template <typename Rows, typename Insert> SqlResult forAll(const Rows& rows, Ins
     return SqlResult::Done;
 }
 
-/// A program that is killed while it makes its lock leaves one that names nobody: it would hold for
-/// ever. A lock that somebody has open is not removed.
 bool take(QLockFile& lock)
 {
-    qint64 process = 0;
-    QString computer;
-    QString program;
     return lock.tryLock(0) || (lock.error() == QLockFile::LockFailedError &&
-                               !lock.getLockInfo(&process, &computer, &program) &&
-                               lock.removeStaleLockFile() && lock.tryLock(0));
+                               removeNamelessLock(lock) && lock.tryLock(0));
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -48,6 +49,18 @@ TEST_F(WholeFile, OldContentIsUntouchedUntilTheNewFileTakesItsPlace)
     EXPECT_EQ(content(), "new");
     EXPECT_EQ(readWholeFile(other, kLongest), "old") << "written over, not replaced";
     EXPECT_TRUE(writeWholeFile(folder.filePath("gone/press.sdt"), "new"));
+}
+
+TEST_F(WholeFile, ALockThatNamesNobodyIsRemovedAndAHeldOneIsNot)
+{
+    const QString name = path + ".lock";
+    QLockFile lock(name);
+    EXPECT_FALSE(removeNamelessLock(lock)) << "there is none";
+    writeWholeFile(name, {});
+    EXPECT_TRUE(removeNamelessLock(lock));
+    QLockFile held(name);
+    ASSERT_TRUE(held.tryLock(0));
+    EXPECT_FALSE(removeNamelessLock(lock));
 }
 
 TEST_F(WholeFile, WhatTheProgramKeepsFollowsNoLink)
