@@ -21,7 +21,8 @@ NewsLine::NewsLine(QMainWindow& window, const QString& topic)
     toggleViewAction()->setVisible(false);
     m_text->setObjectName(QStringLiteral("lbl%1News").arg(topic));
     m_text->setMargin(kMargin);
-    m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // long paths
+    m_text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_text->setMinimumWidth(1); // a long path does not widen the window
     addWidget(m_text);
     addAction(QStringLiteral("Seen"), this, &QToolBar::hide);
     window.addToolBarBreak(Qt::BottomToolBarArea); // below the news of another
