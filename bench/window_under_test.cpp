@@ -13,6 +13,7 @@ WindowUnderTest::WindowUnderTest(const QString& device, int baud, ScreenTable sc
       state(QDir(QString::fromStdString(folder.path().string())), port, clock, nobody),
       window(state, std::move(screens), {})
 {
+    QObject::connect(&port, &PatientPort::waits, &state, &ProgramState::lineWaits);
     window.show();
 }
 

@@ -162,6 +162,7 @@ int runProgram(const CommandLine& line)
 
     const QTemporaryDir scratch;
     ProgramState state(foldersFor(line, scratch), port, clock, prompts);
+    QObject::connect(&port, &PatientPort::waits, &state, &ProgramState::lineWaits);
     state.simulated = line.simulate;
     realPort.use(connectionOf(line, state.dataRoot));
     state.portName = line.simulate ? QString() : connectionText(realPort.connection());

@@ -71,7 +71,15 @@ QString NumericEntryField::text() const
 
 std::int32_t NumericEntryField::value() const
 {
-    return roundedHalfToEven(leadingNumber(text()));
+    return parsed(text()).value;
+}
+
+/// A refresh shows the same text again and again.
+const NumericEntryField::Parsed& NumericEntryField::parsed(const QString& text) const
+{
+    if (text != m_parsed.text)
+        m_parsed = {text, roundedHalfToEven(leadingNumber(text)), isWholeNumber(text)};
+    return m_parsed;
 }
 
 void NumericEntryField::setRange(const EntryRange& range)
@@ -100,8 +108,8 @@ void NumericEntryField::setText(const QString& text)
 /// A text that is the same stays untouched, so that no refresh moves the cursor.
 void NumericEntryField::write(const QString& text)
 {
-    if (isWholeNumber(text))
-        m_lastValid = roundedHalfToEven(leadingNumber(text));
+    if (const Parsed& number = parsed(text); number.isWhole)
+        m_lastValid = number.value;
     if (lineEdit()->text() == text)
         return;
     lineEdit()->setText(text);

@@ -117,6 +117,14 @@ private:
     bool step(int direction, bool giveFocusAway);
     void write(const QString& text);
 
+    struct Parsed
+    {
+        QString text;
+        std::int32_t value = 0;
+        bool isWhole = false;
+    };
+    const Parsed& parsed(const QString& text) const;
+
     enum class State {
         Shown,       ///< refreshes show their values
         Edited,      ///< entered or typed into: refreshes keep off
@@ -128,6 +136,7 @@ private:
     QWidget& m_focusSink;
     EntryRules m_rules;
     State m_state = State::Shown;
+    mutable Parsed m_parsed; ///< the last text that was parsed
     std::int32_t m_undo = 0;
     std::int32_t m_lastValid = 0;
     bool m_here = false;       ///< entered and not left: a visit to a menu is no leave

@@ -1,5 +1,7 @@
 #include "controls/progress_pace.h"
 
+#include <QProgressBar>
+
 #include <cmath>
 
 namespace tambrix {
@@ -36,6 +38,14 @@ QString ProgressPace::timeLeft(double now, int done, int total) const
     if (left < kMinute)
         return QStringLiteral(", about %1 s left").arg(left);
     return QStringLiteral(", about %1 min %2 s left").arg(left / kMinute).arg(left % kMinute);
+}
+
+void setValueLater(QProgressBar& bar, int value)
+{
+    bar.setAttribute(Qt::WA_UpdatesDisabled, true);
+    bar.setValue(value);
+    bar.setAttribute(Qt::WA_UpdatesDisabled, false);
+    bar.update();
 }
 
 } // namespace tambrix

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+class QProgressBar;
+
 namespace tambrix {
 
 /// What a long job tells of its progress, and how often: "120 of 1600", and the time left once
@@ -27,5 +29,8 @@ private:
     double m_start = 0;
     std::optional<double> m_lastShown;
 };
+
+/// Shows `value` when the window is painted next. The bar's own setValue() paints at once.
+void setValueLater(QProgressBar& bar, int value);
 
 } // namespace tambrix

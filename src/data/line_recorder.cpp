@@ -85,8 +85,8 @@ std::uint8_t TracedPort::readByte()
 
 void TracedPort::writeByte(std::uint8_t byte)
 {
-    m_recorder.sent(byte);
     port().writeByte(byte);
+    m_recorder.sent(byte); // while the line is busy with it
 }
 
 void TracedPort::discardInput()

@@ -144,11 +144,10 @@ void MainDisplay::refreshAlways()
     showAlarms();
     showTrend();
     m_firstSteps->setVisible(!online() && !state().everConnected);
-    QString message = state().gSystemMessage;
-    message.remove(u'\r');
-    if (m_messages->toPlainText() == message)
+    if (m_messageShown == state().gSystemMessage)
         return;
-    m_messages->setPlainText(message);
+    m_messageShown = state().gSystemMessage;
+    m_messages->setPlainText(QString(m_messageShown).remove(u'\r'));
     fitMessageFont();
 }
 
@@ -177,6 +176,10 @@ void MainDisplay::showTrend()
 /// By the alarm word that the main window's poll reads anyway; unknown, nothing is green.
 void MainDisplay::showAlarms()
 {
+    const AlarmsShown now{online(), state().gLink.CommError, state().alarmWord};
+    if (now == m_alarmsShown)
+        return;
+    m_alarmsShown = now;
     const std::optional<int> word = online() ? state().alarmWord : std::nullopt;
     const int faults = std::max(word.value_or(0), 0);
     if (word)

@@ -4,6 +4,7 @@
 #include "shell/screen.h"
 
 #include <array>
+#include <optional>
 
 class QGroupBox;
 class QLayout;
@@ -45,8 +46,19 @@ private:
     void showAlarms();
     void fitMessageFont();
 
+    /// What the pictures of the alarms show follows from this alone.
+    struct AlarmsShown
+    {
+        bool online = false;
+        bool commError = false;
+        std::optional<int> word;
+        bool operator==(const AlarmsShown&) const = default;
+    };
+
     AlarmBanner* m_banner;
+    std::optional<AlarmsShown> m_alarmsShown;
     QPlainTextEdit* m_messages;
+    QString m_messageShown;
     FirstSteps* m_firstSteps;
     QGroupBox* m_speedFrame;
     FittedLabel* m_speed;

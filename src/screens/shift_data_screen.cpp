@@ -140,7 +140,10 @@ Task ShiftDataScreen::offlinePass()
 
 void ShiftDataScreen::showCount(std::size_t ductor, qint64 count)
 {
-    m_counts[ductor]->setValue(grouped(count));
+    const QString text = grouped(count);
+    if (m_values[ductor] == static_cast<double>(count) && m_counts[ductor]->text() == text)
+        return;
+    m_counts[ductor]->setValue(text);
     m_values[ductor] = static_cast<double>(count);
     const double end = scaleEnd(m_values);
     for (std::size_t d = 0; d < m_bars.size(); ++d)

@@ -1,7 +1,9 @@
 #include "shell/processing_dialog.h"
 
 #include "controls/forms.h"
-#include "controls/named_controls.h"
+#include "controls/frame_limit.h"
+#include "controls/steady_place.h"
+#include "controls/value_label.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -22,12 +24,13 @@ ProcessingDialog::ProcessingDialog(ProgramState& state, TransferPlan plan, QWidg
       m_state(state),
       m_transfer(state.gLink, state.gWorkingData, std::move(plan)),
       m_prgProcessing(new QProgressBar),
-      m_done(makeDimLabel(QStringLiteral(" "))),
+      m_done(new ValueLabel(QStringLiteral("lblDone"), QStringLiteral("Progress"), {})),
       m_loop([this] { return mayRun(); })
 {
     setObjectName(QStringLiteral("frmProcessing"));
     setWindowTitle(QStringLiteral("TAMBRIX"));
     build();
+    connect(&m_state, &ProgramState::lineWaits, new FrameLimit(*this), &FrameLimit::paintInWait);
     CenterForm(*this);
 }
 
@@ -46,8 +49,9 @@ void ProcessingDialog::build()
     auto* content = new QVBoxLayout(this);
     content->addWidget(lblProcessing);
     content->addWidget(m_prgProcessing);
-    m_done->setObjectName(QStringLiteral("lblDone"));
-    content->addWidget(m_done);
+    m_done->setForegroundRole(QPalette::PlaceholderText);
+    m_done->setWidest(QStringLiteral("0000 of 0000 values, about 00 min 00 s left"));
+    content->addWidget(new SteadyPlace(m_done));
     content->addWidget(cmdCancel, 0, Qt::AlignRight);
     m_prgProcessing->setMinimumWidth(kWidth);
     content->setSizeConstraint(QLayout::SetFixedSize);
@@ -79,19 +83,14 @@ Task ProcessingDialog::work()
     accept();
 }
 
-/// The bar counts every entry, but is painted seldom enough to take nothing from the line.
 void ProcessingDialog::showProgress()
 {
     const TransferPlan& plan = m_transfer.plan();
-    m_prgProcessing->setAttribute(Qt::WA_UpdatesDisabled, true);
-    m_prgProcessing->setValue(m_transfer.progress());
-    m_prgProcessing->setAttribute(Qt::WA_UpdatesDisabled, false);
+    setValueLater(*m_prgProcessing, m_transfer.progress());
     const double now = static_cast<double>(m_running.elapsed()) / 1000;
     const auto text = m_pace.text(now, m_transfer.progress(), plan.last - plan.first + 1);
-    if (!text)
-        return;
-    m_prgProcessing->repaint();
-    m_done->setText(*text);
+    if (text)
+        m_done->setValue(*text);
 }
 
 void ProcessingDialog::warn(const std::string& text)

@@ -8,10 +8,11 @@
 #include <QDialog>
 #include <QElapsedTimer>
 
-class QLabel;
 class QProgressBar;
 
 namespace tambrix {
+
+class ValueLabel;
 
 /// Runs one bulk transfer behind a progress bar with a Cancel button, an entry a turn, so that
 /// Cancel and the main window's poll have theirs. Closes itself when the transfer has ended.
@@ -39,7 +40,7 @@ private:
     void showProgress();
 
     QProgressBar* m_prgProcessing;
-    QLabel* m_done; ///< what is done of what, and the time left
+    ValueLabel* m_done; ///< what is done of what, and the time left
     ProgressPace m_pace{QStringLiteral("values")};
     QElapsedTimer m_running;
     bool m_cancelled = false;

@@ -128,6 +128,9 @@ public:
 signals:
     /// The port has been opened or closed; `online` is the mode to show.
     void onlineModeApplied(bool online);
+    /// A byte has been sent and its answer is being waited for: the time for what needs some and
+    /// sends nothing, as painting.
+    void lineWaits();
     void dataReplaced();
     void dataEdited();
 };
