@@ -62,7 +62,7 @@ TEST_P(Painted, ALampHasTheColourAndTheSymbolOfItsState)
         Lamp lamp("Lamp", 8);
         lamp.show(state);
         const QImage image = paint(lamp, {50, 50});
-        EXPECT_EQ(image.pixelColor(25, 41), fill) << said;
+        EXPECT_EQ(image.pixelColor(9, 25), fill) << said;
         EXPECT_EQ(image.pixelColor(25, 25) == fill,
                   state == LampState::Off || state == LampState::On)
             << said;
