@@ -21,9 +21,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kLook = 20ms;             // how often a step looks whether it is there
-constexpr int kLooksBeforeFailing = 400; // 8 s
-constexpr auto kLongestSilence = 9s;     // a box inside a turn lets no step look any more
+constexpr auto kLook = 20ms;              // how often a step looks whether it is there
+constexpr int kLooksBeforeFailing = 1500; // 30 s: the machine may be busy
+constexpr auto kLongestSilence = 9s;      // a box inside a turn lets no step look any more
 
 // Conditions that hold a text are named before they are awaited: GCC 12 destroys a closure twice
 // that is built inside the awaiting expression.
