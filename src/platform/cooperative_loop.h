@@ -47,7 +47,6 @@ private:
         void await_resume() const noexcept {}
     };
 
-    void schedule(std::chrono::milliseconds span);
     void wait(std::coroutine_handle<> task, std::chrono::milliseconds span);
     void runTurn();
 
@@ -55,7 +54,6 @@ private:
     Task m_body;
     std::coroutine_handle<> m_waiting; ///< where the Task stands; none before its first turn
     QBasicTimer m_timer;
-    bool m_everyTurn = false; ///< the timer runs with every turn of the event loop
     bool m_running = false;
     bool m_inTurn = false;
 };
