@@ -29,7 +29,7 @@ private:
     void noteError(QSerialPort::SerialPortError error);
     QIODevice& device() override { return m_port; }
     void closeDevice() override { m_port.close(); }
-    void sendNow() override { m_port.flush(); }
+    void sendNow() override;
     void dropInput() override { m_port.clear(QSerialPort::Input); }
 
     QString m_deviceOverride;
