@@ -2,19 +2,20 @@
 
 #include <QWidget>
 
-class QLabel;
-
 namespace tambrix {
 
-/// The place of a label whose text changes many times a second. A label tells its layout of every
-/// new text, and the layout then works out the whole window anew, which takes longer than painting
-/// the text. The place passes on only what changes the room that the label needs.
+class ValueLabel;
+
+/// The place of a value that changes many times a second. A label tells its layout of every new
+/// text, and the layout then works out the whole window anew, which takes longer than painting the
+/// text. Here the label has a fixed size, about which no layout is told, and the place passes on
+/// only what changes the room that the label needs.
 class SteadyPlace : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit SteadyPlace(QLabel* label);
+    explicit SteadyPlace(ValueLabel* label);
 
     QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override;
@@ -24,7 +25,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QLabel* m_label;
+    void askForRoom();
+
+    ValueLabel* m_label;
     QSize m_room; ///< as told last
 };
 

@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace tambrix {
 
 namespace {
@@ -29,8 +31,22 @@ void ValueLabel::setValue(const QString& value)
 {
     if (value == text() && !accessibleName().isEmpty())
         return;
+    const bool kept = fits(text());
     setText(value);
     setAccessibleName(m_what + QStringLiteral(": ") + value);
+    if (!kept || !fits(value))
+        emit roomChanged();
+}
+
+/// Whether `text` is no wider than the room that is kept. Numbers are not measured: that takes
+/// longer than to paint them.
+bool ValueLabel::fits(const QString& text) const
+{
+    const auto ofNumbers = [](QChar c) { return c.isDigit() || c == u'-' || c == u'.'; };
+    if (text.size() <= m_widest.size() && std::all_of(text.begin(), text.end(), ofNumbers))
+        return true;
+    const QFontMetrics metrics = fontMetrics();
+    return metrics.horizontalAdvance(text) <= metrics.horizontalAdvance(m_widest);
 }
 
 void ValueLabel::setWidest(const QString& widest)

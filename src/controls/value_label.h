@@ -30,10 +30,16 @@ public:
     QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override;
 
+signals:
+    /// The text has become wider than the room that is kept, or was until now.
+    void roomChanged();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool fits(const QString& text) const;
+
     QString m_what;
     QString m_widest;
     bool m_onPlate = false;

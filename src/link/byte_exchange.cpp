@@ -245,6 +245,12 @@ void ByteExchange::closePort()
     forgetMode();
 }
 
+void ByteExchange::rest()
+{
+    if (isPortOpen())
+        m_port->rest();
+}
+
 void ByteExchange::portOpened()
 {
     m_port->discardInput();

@@ -81,6 +81,9 @@ public:
     void forgetMode() { m_mode = LinkMode::None; }
     LinkMode mode() const { return m_mode; }
 
+    /// Nothing more is sent for now.
+    void rest();
+
     bool isPortOpen() const { return m_port != nullptr && m_port->isOpen(); }
 
     /// Closes the port; the board is told nothing.

@@ -21,6 +21,7 @@ public:
     std::size_t bytesWaiting() override { return m_port.bytesWaiting(); }
     std::uint8_t readByte() override { return m_port.readByte(); }
     void writeByte(std::uint8_t byte) override { m_port.writeByte(byte); }
+    void rest() override { m_port.rest(); }
     void discardInput() override { m_port.discardInput(); }
     bool waitForInput(Duration limit) override { return m_port.waitForInput(limit); }
 

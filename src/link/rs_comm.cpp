@@ -25,8 +25,10 @@ public:
     explicit Call(RSComm& link) : m_link(link), m_entered(!std::exchange(link.m_busy, true)) {}
     ~Call()
     {
-        if (m_entered)
-            m_link.m_busy = false;
+        if (!m_entered)
+            return;
+        m_link.m_exchange.rest();
+        m_link.m_busy = false;
     }
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;

@@ -48,6 +48,10 @@ public:
     /// Sends one byte at once.
     virtual void writeByte(std::uint8_t byte) = 0;
 
+    /// Nothing more is sent for now: what the port has left to do for the bytes sent, it does now
+    /// and not in the event loop.
+    virtual void rest() {}
+
     /// Throws away every received byte that waits.
     virtual void discardInput() = 0;
 

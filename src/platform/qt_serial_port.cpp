@@ -40,12 +40,12 @@ std::optional<PortFault> QtSerialPort::open()
     return std::nullopt;
 }
 
-/// The second flush takes the byte off the books while it is on the wire. Otherwise the event loop
-/// is woken to do so, which costs a turn of its own before the next register.
-void QtSerialPort::sendNow()
+/// Takes the last byte off the port's books. Otherwise the event loop is woken to do so, which
+/// costs a turn of its own before the next register.
+void QtSerialPort::rest()
 {
-    m_port.flush();
-    m_port.flush();
+    if (!gone())
+        m_port.flush();
 }
 
 /// Systems say "Access is denied" also of a port that somebody else has open.

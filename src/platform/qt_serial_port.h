@@ -23,13 +23,14 @@ public:
 
     std::optional<PortFault> configure(int portNumber, std::string_view settings) override;
     std::optional<PortFault> open() override;
+    void rest() override;
 
 private:
     PortFault openFault() const;
     void noteError(QSerialPort::SerialPortError error);
     QIODevice& device() override { return m_port; }
     void closeDevice() override { m_port.close(); }
-    void sendNow() override;
+    void sendNow() override { m_port.flush(); }
     void dropInput() override { m_port.clear(QSerialPort::Input); }
 
     QString m_deviceOverride;

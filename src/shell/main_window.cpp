@@ -40,6 +40,7 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
     resizeInto(*this, kFirstSize);
     setMinimumSize(kSmallestSize.boundedTo(size()));
     setCentralWidget(m_place);
+    setAnimated(false); // nothing moves by itself, and the layout would prepare for it
 
     buildFileMenu(commands);
     buildEditMenu(commands);

@@ -1,5 +1,6 @@
 #include "shell/status_panels.h"
 
+#include "controls/steady_place.h"
 #include "controls/value_label.h"
 
 #include <QDateTime>
@@ -19,7 +20,9 @@ ValueLabel* addLabel(QStatusBar& bar, const QString& key, const QString& toolTip
     label->setToolTip(toolTip);
     label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     label->setContentsMargins(6, 1, 6, 1);
-    bar.addPermanentWidget(label, stretch);
+    if (stretch > 0) // takes what there is
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    bar.addPermanentWidget(new SteadyPlace(label), stretch);
     return label;
 }
 
