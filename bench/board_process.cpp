@@ -7,7 +7,12 @@ namespace tambrix::bench {
 BoardProcess::BoardProcess(const QStringList& arguments)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(TAMBRIX_BOARD), arguments);
+    const QString processor = qEnvironmentVariable("TAMBRIX_BENCH_BOARD_PROCESSOR");
+    QStringList command = {QStringLiteral(TAMBRIX_BOARD)};
+    if (!processor.isEmpty())
+        command = QStringList{QStringLiteral("taskset"), QStringLiteral("-c"), processor} + command;
+    command += arguments;
+    m_process.start(command.takeFirst(), command);
     if (!m_process.waitForReadyRead())
         throw std::runtime_error("tambrix-board does not start");
     m_device = QString::fromLocal8Bit(m_process.readLine()).trimmed();

@@ -2,8 +2,6 @@
 
 #include <QTimerEvent>
 
-#include <utility>
-
 namespace tambrix {
 
 using namespace std::chrono_literals;
@@ -28,8 +26,7 @@ void CooperativeLoop::start(Task body)
     m_body = std::move(body);
     m_running = true;
     m_waiting = {};
-    m_giveWay = false;
-    schedule(0ms);
+    m_timer.start(0, this);
 }
 
 void CooperativeLoop::stop()
@@ -46,27 +43,16 @@ void CooperativeLoop::wait(std::coroutine_handle<> task, std::chrono::millisecon
 {
     m_waiting = task;
     if (m_running)
-        schedule(span);
-}
-
-/// A timer of 0 ms goes on by itself: starting it anew for every turn takes as long as the turn.
-void CooperativeLoop::schedule(std::chrono::milliseconds span)
-{
-    const bool everyTurn = span == std::chrono::milliseconds::zero();
-    if (!everyTurn || !m_everyTurn || !m_timer.isActive())
         m_timer.start(static_cast<int>(span.count()), this);
-    m_everyTurn = everyTurn;
 }
 
 void CooperativeLoop::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() != m_timer.timerId())
         return;
-    m_gaveWay = std::exchange(m_giveWay, false) && m_everyTurn && !m_gaveWay;
-    if (m_gaveWay)
-        return;
+    m_timer.stop();
     if (m_inTurn || !m_mayRun())
-        schedule(kNextTry);
+        m_timer.start(static_cast<int>(kNextTry.count()), this);
     else
         runTurn();
 }

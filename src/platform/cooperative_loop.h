@@ -28,11 +28,6 @@ public:
 
     bool running() const { return m_running; }
 
-    /// Somebody else has used the time since the last turn: leaves out the next one, so that the
-    /// events that came meanwhile are served first. Never two in a row; nothing from inside the
-    /// Task, nor in a pause.
-    void giveWay() { m_giveWay = !m_inTurn; }
-
     /// Awaitable: lets pending events run.
     auto pendingEvents() { return Turn{*this, std::chrono::milliseconds::zero()}; }
 
@@ -53,16 +48,12 @@ private:
     };
 
     void wait(std::coroutine_handle<> task, std::chrono::milliseconds span);
-    void schedule(std::chrono::milliseconds span);
     void runTurn();
 
     std::function<bool()> m_mayRun;
     Task m_body;
     std::coroutine_handle<> m_waiting; ///< where the Task stands; none before its first turn
     QBasicTimer m_timer;
-    bool m_everyTurn = false; ///< the timer runs with every turn of the event loop
-    bool m_giveWay = false;   ///< somebody else has used the time
-    bool m_gaveWay = false;   ///< the turn before was left out
     bool m_running = false;
     bool m_inTurn = false;
 };

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <utility>
+
 namespace tambrix {
 
 namespace {
@@ -257,8 +259,11 @@ void ColorControlScreen::showDuration(std::size_t index, const QString& value)
 void ColorControlScreen::showDensity(std::size_t index)
 {
     const std::size_t ductor = index % kDuctors;
-    m_densities[ductor]->setValue(colorDensity(
-        m_fields[ductor]->value(), m_fields[ductor + kDuctors]->value(), m_limits.maximumOn));
+    const DensityBasis basis{m_fields[ductor]->value(), m_fields[ductor + kDuctors]->value(),
+                             m_limits.maximumOn};
+    if (std::exchange(m_densityOf[ductor], basis) == basis)
+        return;
+    m_densities[ductor]->setValue(colorDensity(basis.on, basis.cycle, basis.maximumOn));
     const QString shown = m_densities[ductor]->text();
     m_bars[ductor]->show(shown.chopped(1).toDouble() / 100, shown); // the number without its "%"
 }

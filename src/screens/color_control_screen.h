@@ -7,6 +7,7 @@
 
 #include <array>
 #include <bitset>
+#include <optional>
 
 class QGridLayout;
 class QGroupBox;
@@ -86,6 +87,15 @@ private:
     bool writeManual();
     void changeManual(bool on);
 
+    /// What a ductor's density is worked out from.
+    struct DensityBasis
+    {
+        std::int32_t on;
+        std::int32_t cycle;
+        std::int32_t maximumOn;
+        bool operator==(const DensityBasis&) const = default;
+    };
+
     /// The load of a label's durations into the working registers.
     enum class Load {
         None,
@@ -98,6 +108,7 @@ private:
     std::bitset<kDurations> m_known; ///< what the fields show has been read in this mode
     std::array<ValueLabel*, kDuctors> m_densities{};
     std::array<ValueBar*, kDuctors> m_bars{};
+    std::array<std::optional<DensityBasis>, kDuctors> m_densityOf; ///< as shown
     std::array<ValueLabel*, 4> m_status{};
     std::array<Lamp*, 2> m_statusLamps{}; ///< operational mode, ductors auto on
     QLabel* m_labelCaption = nullptr;

@@ -35,8 +35,6 @@ LinkPoller::LinkPoller(ProgramState& state, const QWidget& window, PolledView& v
         if (m_loop.running())
             followMode();
     });
-    // Another's exchanges and a register of ours would together keep the events waiting too long.
-    connect(&state, &ProgramState::lineWaits, this, [this] { m_loop.giveWay(); });
 }
 
 void LinkPoller::start()
