@@ -2,14 +2,28 @@
 
 #include "controls/value_label.h"
 
-#include <QEvent>
+#include <QHBoxLayout>
 
 namespace tambrix {
+
+namespace {
+
+/// What a label tells its layout, and that the layout's window, ends here.
+class SilentLayout : public QHBoxLayout
+{
+public:
+    using QHBoxLayout::QHBoxLayout;
+    void invalidate() override {}
+};
+
+} // namespace
 
 SteadyPlace::SteadyPlace(ValueLabel* label) : m_label(label), m_room(label->minimumSizeHint())
 {
     setSizePolicy(label->sizePolicy());
-    label->setParent(this);
+    auto* layout = new SilentLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(label);
     connect(label, &ValueLabel::roomChanged, this, &SteadyPlace::askForRoom);
 }
 
@@ -18,17 +32,10 @@ QSize SteadyPlace::minimumSizeHint() const
     return m_label->minimumSizeHint();
 }
 
-bool SteadyPlace::event(QEvent* event)
+void SteadyPlace::showEvent(QShowEvent* event)
 {
-    const bool handled = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
-        askForRoom();
-    return handled;
-}
-
-void SteadyPlace::resizeEvent(QResizeEvent*)
-{
-    m_label->setFixedSize(size());
+    QWidget::showEvent(event);
+    askForRoom();
 }
 
 void SteadyPlace::askForRoom()

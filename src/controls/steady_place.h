@@ -8,8 +8,8 @@ class ValueLabel;
 
 /// The place of a value that changes many times a second. A label tells its layout of every new
 /// text, and the layout then works out the whole window anew, which takes longer than painting the
-/// text. Here the label has a fixed size, about which no layout is told, and the place passes on
-/// only what changes the room that the label needs.
+/// text. The place keeps that to itself and passes on only what changes the room that the label
+/// needs.
 class SteadyPlace : public QWidget
 {
     Q_OBJECT
@@ -21,8 +21,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    bool event(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void askForRoom();

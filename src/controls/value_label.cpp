@@ -3,6 +3,7 @@
 #include "controls/text_size.h"
 #include "controls/tones.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
 
@@ -53,6 +54,7 @@ void ValueLabel::setWidest(const QString& widest)
 {
     m_widest = widest;
     updateGeometry();
+    emit roomChanged();
 }
 
 void ValueLabel::setOnPlate()
@@ -65,6 +67,13 @@ QSize ValueLabel::minimumSizeHint() const
     const int grid = gridOf(font());
     return QLabel::minimumSizeHint().expandedTo(
         {fontMetrics().horizontalAdvance(m_widest) + 2 * grid, fontMetrics().height()});
+}
+
+void ValueLabel::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        emit roomChanged();
 }
 
 /// On a dark desktop the plate is light, as the given colours of a state text need it.

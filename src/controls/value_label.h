@@ -31,10 +31,12 @@ public:
     QSize minimumSizeHint() const override;
 
 signals:
-    /// The text has become wider than the room that is kept, or was until now.
+    /// The text has become wider than the room that is kept, or was until now; or all texts need
+    /// other room, as with another font.
     void roomChanged();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -55,4 +55,9 @@ TEST(SteadyPlaceTest, TellsTheLayoutOnlyOfTheRoomThatAValueNeeds)
         EXPECT_EQ(value->width() > width, next.wider);
         EXPECT_GE(value->width(), value->fontMetrics().horizontalAdvance(value->text()));
     }
+    QFont large = value->font();
+    large.setPointSize(3 * large.pointSize());
+    value->setFont(large);
+    QApplication::processEvents();
+    EXPECT_GE(value->height(), value->fontMetrics().height());
 }
