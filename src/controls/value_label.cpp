@@ -43,7 +43,9 @@ void ValueLabel::setValue(const QString& value)
 /// longer than to paint them.
 bool ValueLabel::fits(const QString& text) const
 {
-    const auto ofNumbers = [](QChar c) { return c.isDigit() || c == u'-' || c == u'.'; };
+    const auto ofNumbers = [](QChar c) {
+        return c.isDigit() || c == u'-' || c == u'.' || c == u',';
+    };
     if (text.size() <= m_widest.size() && std::all_of(text.begin(), text.end(), ofNumbers))
         return true;
     const QFontMetrics metrics = fontMetrics();
