@@ -4,10 +4,12 @@
 #include "bench/figures.h"
 #include "bench/window_under_test.h"
 #include "screens/main_display.h"
+#include "simulator/pty/pseudo_terminal.h"
 
 #include <QApplication>
 
 #include <chrono>
+#include <fcntl.h>
 #include <stdexcept>
 #include <sys/resource.h>
 
@@ -42,7 +44,9 @@ class WindowCost : public QObject
 {
 public:
     explicit WindowCost(const QString& device)
-        : m_test(device, kBaud, {makeScreen<MainDisplay>}), m_loop([] { return true; })
+        : m_device(device),
+          m_test(device, kBaud, {makeScreen<MainDisplay>}),
+          m_loop([] { return true; })
     {
         m_loop.start(measure());
     }
@@ -58,6 +62,7 @@ private:
             co_return;
         }
         co_await processorUse("processor use on line at 9600, Main Display, of one core", 3);
+        plainUse();
         co_await longestGap();
         report("peak memory", peakMemory(), "MiB");
         QApplication::exit(m_test.state.gLink.OnlineMode ? 0 : 1);
@@ -76,6 +81,18 @@ private:
             report("  meanwhile, share of the wire in use", m_test.bitsOnWire() / kBaud / wall, "");
     }
 
+    /// What the machine takes for the same exchanges and nothing else.
+    void plainUse()
+    {
+        const Descriptor device(open(m_device.toLocal8Bit(), O_RDWR | O_NOCTTY));
+        const std::vector<std::uint8_t> bytes = m_test.port.bytes;
+        const double wallStart = monotonicNow();
+        const double start = processorSeconds();
+        plainExchanges(device.value(), bytes);
+        report("  a plain write, poll and read loop of the same bytes",
+               (processorSeconds() - start) / (monotonicNow() - wallStart) * 100, "%");
+    }
+
     Task longestGap()
     {
         m_gap.start();
@@ -83,6 +100,7 @@ private:
         report("longest unserved event-loop time on line", m_gap.stop(), "ms");
     }
 
+    QString m_device;
     WindowUnderTest m_test;
     EventLoopGap m_gap;
     CooperativeLoop m_loop; // last: its frames are gone before anything that they use
