@@ -39,6 +39,18 @@ double processorSeconds()
     return seconds(use.ru_utime) + seconds(use.ru_stime);
 }
 
+/// The time on the clock and on the processor from here on.
+class ProcessorWatch
+{
+public:
+    double wall() const { return monotonicNow() - m_wall; } ///< s
+    double percent() const { return (processorSeconds() - m_processor) / wall() * 100; }
+
+private:
+    double m_wall = monotonicNow();
+    double m_processor = processorSeconds();
+};
+
 /// What the window costs while nobody touches it: off line, then on line.
 class WindowCost : public QObject
 {
@@ -71,12 +83,11 @@ private:
     Task processorUse(std::string what, double aim)
     {
         co_await m_loop.pause(kSettling);
-        const double wallStart = monotonicNow();
-        const double start = processorSeconds();
         m_test.port.bytes.clear();
+        const ProcessorWatch watch;
         co_await m_loop.pause(span(kMeasuring));
-        const double wall = monotonicNow() - wallStart;
-        reportAtMost(what, (processorSeconds() - start) / wall * 100, aim, "%");
+        const double wall = watch.wall();
+        reportAtMost(what, watch.percent(), aim, "%");
         if (m_test.state.gLink.OnlineMode)
             report("  meanwhile, share of the wire in use", m_test.bitsOnWire() / kBaud / wall, "");
     }
@@ -85,12 +96,9 @@ private:
     void plainUse()
     {
         const Descriptor device(open(m_device.toLocal8Bit(), O_RDWR | O_NOCTTY));
-        const std::vector<std::uint8_t> bytes = m_test.port.bytes;
-        const double wallStart = monotonicNow();
-        const double start = processorSeconds();
-        plainExchanges(device.value(), bytes);
-        report("  a plain write, poll and read loop of the same bytes",
-               (processorSeconds() - start) / (monotonicNow() - wallStart) * 100, "%");
+        const ProcessorWatch watch;
+        plainExchanges(device.value(), m_test.port.bytes);
+        report("  a plain write, poll and read loop of the same bytes", watch.percent(), "%");
     }
 
     Task longestGap()

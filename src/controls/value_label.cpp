@@ -39,8 +39,8 @@ void ValueLabel::setValue(const QString& value)
         emit roomChanged();
 }
 
-/// Whether `text` is no wider than the room that is kept. Numbers are not measured: that takes
-/// longer than to paint them.
+/// Whether `text` is no wider than the room that is kept. Numbers are not measured: nothing in them
+/// is wider than a digit.
 bool ValueLabel::fits(const QString& text) const
 {
     const auto ofNumbers = [](QChar c) {

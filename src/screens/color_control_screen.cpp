@@ -263,8 +263,8 @@ void ColorControlScreen::showDensity(std::size_t index)
                              m_limits.maximumOn};
     if (std::exchange(m_densityOf[ductor], basis) == basis)
         return;
-    m_densities[ductor]->setValue(colorDensity(basis.on, basis.cycle, basis.maximumOn));
-    const QString shown = m_densities[ductor]->text();
+    const QString shown = colorDensity(basis.on, basis.cycle, basis.maximumOn);
+    m_densities[ductor]->setValue(shown);
     m_bars[ductor]->show(shown.chopped(1).toDouble() / 100, shown); // the number without its "%"
 }
 
