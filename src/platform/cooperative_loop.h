@@ -28,8 +28,11 @@ public:
 
     bool running() const { return m_running; }
 
-    /// Awaitable: lets pending events run.
-    auto pendingEvents() { return Turn{*this, std::chrono::milliseconds::zero()}; }
+    /// Awaitable: lets pending events run, unless they are known to be `served` already.
+    auto pendingEvents(bool served = false)
+    {
+        return Turn{*this, std::chrono::milliseconds::zero(), served};
+    }
 
     /// Awaitable: lets events run for at least `span`, at no processor time.
     auto pause(std::chrono::milliseconds span) { return Turn{*this, span}; }
@@ -42,7 +45,8 @@ private:
     {
         CooperativeLoop& loop;
         std::chrono::milliseconds span;
-        bool await_ready() const noexcept { return false; }
+        bool over = false;
+        bool await_ready() const noexcept { return over; }
         void await_suspend(std::coroutine_handle<> task) { loop.wait(task, span); }
         void await_resume() const noexcept {}
     };

@@ -59,6 +59,7 @@ Task LinkPoller::run()
 {
     for (;;) {
         co_await m_loop.pendingEvents();
+        m_served = true;
         if (m_state.gLink.CommError)
             m_state.dropOffline();
         m_view.everyTurn();
@@ -71,6 +72,7 @@ Task LinkPoller::run()
         if (!std::exchange(m_entered, true)) {
             const QScopedValueRollback entering(m_entering, true);
             co_await m_view.enterOnline();
+            m_served = false;
         }
         if (m_state.canReachBoard())
             co_await m_view.onlinePass();

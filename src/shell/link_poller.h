@@ -7,6 +7,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <utility>
 
 class QWidget;
 
@@ -68,8 +69,9 @@ public:
     /// Shows the look of the current mode anew with the next turn.
     void showAgain();
 
-    /// Awaitable: lets pending events run. A pass awaits it before every register it reads.
-    auto pendingEvents() { return m_loop.pendingEvents(); }
+    /// Awaitable: lets pending events run. A pass awaits it before every register it reads. Before
+    /// its first one it goes on at once: run() has just done it.
+    auto pendingEvents() { return m_loop.pendingEvents(std::exchange(m_served, false)); }
 
     /// Reads `registers` in order, each after a turn of the event loop, and shows each value that
     /// was read. Stops when `goesOn` says no or the link reports an error.
@@ -89,6 +91,7 @@ private:
     Shown m_shown = Shown::Nothing;
     bool m_entered = false; ///< this on-line period has begun: enterOnline() has been called
     bool m_entering = false;
+    bool m_served = false;  ///< pending events have run, and nothing was sent since
     CooperativeLoop m_loop; // last: its frames are gone before anything that they use
 };
 
