@@ -1,11 +1,11 @@
 // How the program's look is painted; its measures stand in calm_style.cpp.
 
 #include "controls/calm_style.h"
+#include "controls/plate.h"
 #include "controls/tones.h"
 
 #include <QAbstractSpinBox>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QStyleOption>
 
@@ -15,8 +15,6 @@ namespace tambrix {
 
 namespace {
 
-constexpr double kCorner = 5;
-
 bool is(const QStyleOption& option, QStyle::StateFlag state)
 {
     return option.state.testFlag(state);
@@ -25,18 +23,6 @@ bool is(const QStyleOption& option, QStyle::StateFlag state)
 bool isPrimary(const QWidget* widget)
 {
     return widget != nullptr && widget->property("primary").toBool() && widget->isEnabled();
-}
-
-void paintPlate(QPainter& painter, const QRect& rect, const QColor& ground, const QColor& line,
-                double width = 1, double corner = kCorner)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(line, width));
-    painter.setBrush(ground);
-    const double in = width / 2;
-    painter.drawRoundedRect(QRectF(rect).adjusted(in, in, -in, -in), corner, corner);
-    painter.restore();
 }
 
 void paintButton(QPainter& painter, const QStyleOption& option, const QWidget* widget)
@@ -168,7 +154,7 @@ void paintGroupBox(const CalmStyle& style, QPainter& painter, const QStyleOption
                    const QWidget* widget)
 {
     const Tones& tones = tonesOf(box.palette);
-    paintPlate(painter, box.rect, tones.card, tones.line, 1, kCorner + 1);
+    paintPlate(painter, box.rect, tones.card, tones.line, 1, kPlateCorner + 1);
     if (box.text.isEmpty())
         return;
     painter.save();
@@ -186,14 +172,12 @@ void paintProgress(QPainter& painter, const QStyleOptionProgressBar& bar)
 {
     const double range = std::max(1, bar.maximum - bar.minimum);
     const double share = std::clamp((bar.progress - bar.minimum) / range, 0.0, 1.0);
-    QPainterPath shape;
-    shape.addRoundedRect(QRectF(bar.rect), kCorner, kCorner);
+    QRect filled = bar.rect;
+    filled.setWidth(qRound(filled.width() * share));
     painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipPath(shape);
-    QRectF filled(bar.rect);
-    filled.setWidth(filled.width() * share);
-    painter.fillRect(filled, bar.palette.color(QPalette::Highlight));
+    painter.setClipRect(filled);
+    const QColor color = bar.palette.color(QPalette::Highlight);
+    paintPlate(painter, bar.rect, color, color);
     painter.restore();
 }
 

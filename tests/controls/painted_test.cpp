@@ -3,6 +3,7 @@
 #include "controls/fitted_label.h"
 #include "controls/lamp.h"
 #include "controls/palettes.h"
+#include "controls/plate.h"
 #include "controls/progress_pace.h"
 #include "controls/text_size.h"
 #include "controls/tones.h"
@@ -10,9 +11,12 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QPainter>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <tuple>
 
 using namespace tambrix;
@@ -46,6 +50,20 @@ protected:
         return QAccessible::queryAccessibleInterface(&picture)->text(QAccessible::Value);
     }
 };
+
+/// In one channel of a pixel, 0 to 255.
+int largestDifference(const QImage& one, const QImage& other)
+{
+    int largest = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QColor a = one.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            largest = std::max({largest, std::abs(a.red() - b.red()),
+                                std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
+        }
+    return largest;
+}
 
 } // namespace
 
@@ -170,4 +188,32 @@ TEST(ProgressPaceTest, TellsTheTimeLeftAfterTwoSecondsAndShowsTwentyTextsASecond
     EXPECT_EQ(pace.text(102, 40, 1600), "40 of 1600 values, about 1 min 18 s left");
     EXPECT_EQ(pace.text(110, 1500, 1600), "1500 of 1600 values, about 1 s left");
     EXPECT_EQ(pace.text(110.01, 1600, 1600), "1600 of 1600 values");
+}
+
+/// Corners that are kept and strips between them must not be told from one round rectangle.
+TEST_P(Painted, APlateLooksAsIfDrawnAtOnce)
+{
+    const std::tuple<QRect, double, int, double> cases[] = {{{3, 2, 60, 40}, 1, 1, 6},
+                                                            {{3, 2, 60, 40}, 2, 2, 5},
+                                                            {{3, 2, 60, 40}, 1.5, 1, 5},
+                                                            {{0, 0, 13, 64}, 1, 2, 4},
+                                                            {{5, 5, 11, 11}, 1, 2, 5.5}};
+    for (const auto& [rect, ratio, width, corner] : cases) {
+        QImage atOnce(QSize(70, 70) * ratio, QImage::Format_RGB32);
+        atOnce.setDevicePixelRatio(ratio);
+        atOnce.fill(tones().alarm);
+        QImage plate = atOnce;
+        for (const QColor& ground : {tones().card, QColor(Qt::transparent)}) {
+            QPainter painter(&atOnce);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(QPen(tones().line, width));
+            painter.setBrush(ground);
+            const double in = width / 2.0;
+            painter.drawRoundedRect(QRectF(rect).adjusted(in, in, -in, -in), corner, corner);
+            QPainter other(&plate);
+            paintPlate(other, rect, ground, tones().line, width, corner);
+            EXPECT_LE(largestDifference(plate, atOnce), 1) // mixing colours in two steps rounds
+                << rect.width() << " by " << rect.height() << " at " << ratio;
+        }
+    }
 }
