@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace tambrix {
 
@@ -32,11 +33,20 @@ void ValueLabel::setValue(const QString& value)
 {
     if (value == text() && !accessibleName().isEmpty())
         return;
-    const bool kept = fits(text());
+    const bool kept = std::exchange(m_fits, fitsAsBefore(value) || fits(value));
     setText(value);
     setAccessibleName(m_what + QStringLiteral(": ") + value);
-    if (!kept || !fits(value))
+    if (!kept || !m_fits)
         emit roomChanged();
+}
+
+/// Whether what is shown fits and `next` differs from it in digits alone. All digits are as wide,
+/// and measuring a text takes longer than showing it.
+bool ValueLabel::fitsAsBefore(const QString& next) const
+{
+    return m_fits && std::ranges::equal(text(), next, [](QChar before, QChar after) {
+               return before == after || (before.isDigit() && after.isDigit());
+           });
 }
 
 /// Whether `text` is no wider than the room that is kept. Numbers are not measured: nothing in them
@@ -55,6 +65,7 @@ bool ValueLabel::fits(const QString& text) const
 void ValueLabel::setWidest(const QString& widest)
 {
     m_widest = widest;
+    m_fits = fits(text());
     updateGeometry();
     emit roomChanged();
 }
@@ -74,8 +85,10 @@ QSize ValueLabel::minimumSizeHint() const
 void ValueLabel::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        emit roomChanged();
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
+        return;
+    m_fits = fits(text());
+    emit roomChanged();
 }
 
 /// On a dark desktop the plate is light, as the given colours of a state text need it.

@@ -41,9 +41,11 @@ protected:
 
 private:
     bool fits(const QString& text) const;
+    bool fitsAsBefore(const QString& next) const;
 
     QString m_what;
     QString m_widest;
+    bool m_fits = true; ///< what is shown is no wider than the room that is kept
     bool m_onPlate = false;
 };
 
