@@ -3,6 +3,7 @@
 #include "bench/event_loop_gap.h"
 #include "bench/figures.h"
 #include "bench/plain_rounds.h"
+#include "bench/program_application.h"
 #include "bench/window_under_test.h"
 #include "screens/main_display.h"
 #include "shell/processing_dialog.h"
@@ -122,7 +123,7 @@ void filesUnderTest()
 
 int transferProcess(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
+    const ProgramApplication application(argc, argv);
     try {
         transfersAt(9600);
         transfersAt(19200);

@@ -2,6 +2,7 @@
 #include "bench/board_process.h"
 #include "bench/figures.h"
 #include "bench/link_under_test.h"
+#include "bench/program_application.h"
 #include "data/controller_reading.h"
 #include "datasets/compare_tree.h"
 
@@ -118,7 +119,7 @@ void treeCost()
 
 int datasetsProcess(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
+    const ProgramApplication application(argc, argv);
     treeCost();
     labelsTableCost();
     compareReading();

@@ -1,6 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/figures.h"
+#include "bench/program_application.h"
 #include "bench/window_under_test.h"
 #include "history/history_plots.h"
 #include "recorder/recorded_registers.h"
@@ -169,7 +170,7 @@ void monthAgainstDay()
 
 int historyProcess(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
+    const ProgramApplication application(argc, argv);
     monthAgainstDay();
     const BoardProcess board({QStringLiteral("--baud"), QString::number(kBaud)});
     const RecordingRounds test(board.device());

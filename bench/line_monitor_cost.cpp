@@ -1,6 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/figures.h"
+#include "bench/program_application.h"
 #include "bench/window_under_test.h"
 #include "maintenance/line_monitor.h"
 #include "screens/main_display.h"
@@ -85,7 +86,7 @@ void recorderCost()
 
 int monitorProcess(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
+    const ProgramApplication application(argc, argv);
     recorderCost();
     const BoardProcess board({QStringLiteral("--baud"), QString::number(kBaud)});
     const MonitorRounds test(board.device());

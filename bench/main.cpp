@@ -1,3 +1,4 @@
+#include "app/event_loop.h"
 #include "bench/benchmarks.h"
 
 #include <QCoreApplication>
@@ -5,6 +6,7 @@
 #include <cstdio>
 #include <exception>
 
+using namespace tambrix;
 using namespace tambrix::bench;
 
 namespace {
@@ -51,6 +53,7 @@ int runBenchmarks(const QStringList& arguments)
 /// [exchange|wire|download|start|window|screens|transfer|monitor|report|datasets|history]...
 int main(int argc, char* argv[])
 {
+    useOwnEventLoop(); // as the program itself
     if (argc == 3 && QLatin1String(argv[1]) == QLatin1String("--window-process"))
         return windowProcess(argc, argv, QString::fromLocal8Bit(argv[2]));
     if (argc == 3 && QLatin1String(argv[1]) == QLatin1String("--start-process"))

@@ -3,6 +3,7 @@
 #include "bench/event_loop_gap.h"
 #include "bench/figures.h"
 #include "bench/plain_rounds.h"
+#include "bench/program_application.h"
 #include "bench/window_under_test.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
@@ -86,7 +87,7 @@ private:
 
 int screensProcess(int argc, char* argv[])
 {
-    const QApplication application(argc, argv);
+    const ProgramApplication application(argc, argv);
     for (const int baud : {9600, 19200}) {
         const BoardProcess board({QStringLiteral("--baud"), QString::number(baud)});
         const ScreenPasses passes(board.device(), baud);

@@ -1,6 +1,7 @@
 #include "bench/benchmarks.h"
 #include "bench/board_process.h"
 #include "bench/figures.h"
+#include "bench/program_application.h"
 #include "bench/window_under_test.h"
 #include "screens/color_control_screen.h"
 #include "screens/io_status_screen.h"
@@ -75,7 +76,7 @@ Start startOf(const QString& program, const QStringList& arguments)
 
 int startProcess(int argc, char* argv[], const QString& device)
 {
-    const QApplication application(argc, argv);
+    const ProgramApplication application(argc, argv);
     WindowUnderTest test(device, kBaud,
                          {makeScreen<MainDisplay>, makeScreen<SetupScreen>,
                           makeScreen<ShiftDataScreen>, makeScreen<ColorControlScreen>,

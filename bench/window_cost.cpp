@@ -2,6 +2,7 @@
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
 #include "bench/figures.h"
+#include "bench/program_application.h"
 #include "bench/window_under_test.h"
 #include "screens/main_display.h"
 #include "simulator/pty/pseudo_terminal.h"
@@ -118,7 +119,7 @@ private:
 
 int windowProcess(int argc, char* argv[], const QString& device)
 {
-    const QApplication application(argc, argv);
+    const ProgramApplication application(argc, argv);
     const WindowCost cost(device);
     return QApplication::exec();
 }

@@ -13,7 +13,7 @@ WindowUnderTest::WindowUnderTest(const QString& device, int baud, ScreenTable sc
       state(QDir(QString::fromStdString(folder.path().string())), port, clock, nobody),
       window(state, std::move(screens), {})
 {
-    QObject::connect(&port, &PatientPort::waits, &state, &ProgramState::lineWaits);
+    port.tellWaits([this] { state.lineWaits.begin(); });
     window.show();
 }
 

@@ -1,5 +1,6 @@
 #include "app/appearance.h"
 #include "app/command_line.h"
+#include "app/event_loop.h"
 #include "app/first_run.h"
 #include "app/line_tools.h"
 #include "app/look_tools.h"
@@ -162,7 +163,7 @@ int runProgram(const CommandLine& line)
 
     const QTemporaryDir scratch;
     ProgramState state(foldersFor(line, scratch), port, clock, prompts);
-    QObject::connect(&port, &PatientPort::waits, &state, &ProgramState::lineWaits);
+    port.tellWaits([&state] { state.lineWaits.begin(); });
     state.simulated = line.simulate;
     realPort.use(connectionOf(line, state.dataRoot));
     state.portName = line.simulate ? QString() : connectionText(realPort.connection());
@@ -218,6 +219,7 @@ int main(int argc, char* argv[])
 
     if (!line.demoFolder.isEmpty()) // nobody is there to use the system's own dialogs
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    useOwnEventLoop();
     const bool styleAskedFor = asksForStyle(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TAMBRIX"));

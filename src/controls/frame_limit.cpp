@@ -15,9 +15,22 @@ constexpr qint64 kBetweenFrames = 33; // ms
 
 } // namespace
 
-FrameLimit::FrameLimit(QWidget& window) : QObject(&window), m_window(window)
+void LineWaits::begin()
+{
+    for (FrameLimit* frames : m_frames)
+        frames->paintInWait();
+}
+
+FrameLimit::FrameLimit(QWidget& window, LineWaits& waits)
+    : QObject(&window), m_window(window), m_waits(waits)
 {
     window.installEventFilter(this);
+    waits.m_frames.push_back(this);
+}
+
+FrameLimit::~FrameLimit()
+{
+    std::erase(m_waits.m_frames, this);
 }
 
 /// What is to be painted is gathered until the window takes the request. A window asks once and

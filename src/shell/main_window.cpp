@@ -54,7 +54,7 @@ MainWindow::MainWindow(ProgramState& state, ScreenTable screens, const MenuComma
             [this] { m_state.setOnline(!m_state.gLink.OnlineMode); });
     connect(&m_files, &FileCommands::captionChanged, this, &MainWindow::showCaption);
     connect(&m_files.recent(), &RecentFiles::changed, this, &MainWindow::showRecentFiles);
-    connect(&m_state, &ProgramState::lineWaits, new FrameLimit(*this), &FrameLimit::paintInWait);
+    new FrameLimit(*this, m_state.lineWaits); // the window owns it
     new WindowBelow(*this);
     new FileDrop(*this, [this](const QString& file) { m_files.openFile(file); });
     connect(&m_state, &ProgramState::onlineModeApplied, this, &MainWindow::showMode);

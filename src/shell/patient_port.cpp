@@ -27,7 +27,7 @@ public:
 bool PatientPort::waitForInput(Duration limit)
 {
     const Duration end = m_clock.now() + limit;
-    emit waits();
+    m_waitBegins();
     if (port().waitForInput(std::min(limit, kUnnoticed)))
         return true;
     return limit > kUnnoticed && waitVisibly(end);

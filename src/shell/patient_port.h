@@ -2,29 +2,28 @@
 
 #include "link/forwarding_port.h"
 
-#include <QObject>
+#include <functional>
+#include <utility>
 
 namespace tambrix {
 
 /// A serial port whose long waits do not look like a crash: after the first 0.1 s the wait cursor
 /// shows and the window goes on painting, with the user's input kept out.
-class PatientPort : public QObject, public ForwardingPort
+class PatientPort : public ForwardingPort
 {
-    Q_OBJECT
-
 public:
     PatientPort(SerialPort& port, Clock& clock) : ForwardingPort(port), m_clock(clock) {}
 
-    bool waitForInput(Duration limit) override;
+    /// Calls `begins` whenever a wait for an answer begins; it must not use the port.
+    void tellWaits(std::function<void()> begins) { m_waitBegins = std::move(begins); }
 
-signals:
-    /// A wait for an answer begins.
-    void waits();
+    bool waitForInput(Duration limit) override;
 
 private:
     bool waitVisibly(Duration end);
 
     Clock& m_clock;
+    std::function<void()> m_waitBegins = [] {};
 };
 
 } // namespace tambrix

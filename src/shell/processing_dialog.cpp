@@ -30,7 +30,7 @@ ProcessingDialog::ProcessingDialog(ProgramState& state, TransferPlan plan, QWidg
     setObjectName(QStringLiteral("frmProcessing"));
     setWindowTitle(QStringLiteral("TAMBRIX"));
     build();
-    connect(&m_state, &ProgramState::lineWaits, new FrameLimit(*this), &FrameLimit::paintInWait);
+    new FrameLimit(*this, m_state.lineWaits); // the window owns it
     CenterForm(*this);
 }
 

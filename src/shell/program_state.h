@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/frame_limit.h"
 #include "data/data_change.h"
 #include "link/rs_comm.h"
 #include "platform/program_folders.h"
@@ -103,6 +104,7 @@ public:
     bool simulated = false;    ///< the controller is the built-in one
     QString portName;          ///< of the device in use; empty: the settings' number says it
     const RecentSpeed* recentSpeed = nullptr; ///< of the last minutes; none: not recorded
+    LineWaits lineWaits;  ///< the times for what needs some and sends nothing, as painting
     QUndoStack undoStack; ///< off-line edits of the working data that can be taken back
 
     /// Asked before a download to the controller begins, on line and confirmed; false: it must
@@ -128,9 +130,6 @@ public:
 signals:
     /// The port has been opened or closed; `online` is the mode to show.
     void onlineModeApplied(bool online);
-    /// A byte has been sent and its answer is being waited for: the time for what needs some and
-    /// sends nothing, as painting.
-    void lineWaits();
     void dataReplaced();
     void dataEdited();
 };

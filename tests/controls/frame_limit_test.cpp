@@ -23,18 +23,19 @@ protected:
 TEST(FrameLimitTest, PaintsInTheWaitsOfTheLineAndByItselfWithoutThem)
 {
     PaintedWindow window;
-    FrameLimit frames(window);
+    LineWaits waits;
+    new FrameLimit(window, waits);
     window.show();
     QApplication::processEvents();
     const int shown = window.paints;
     EXPECT_GE(shown, 1);
 
-    frames.paintInWait();
+    waits.begin();
     window.update();
     QCoreApplication::sendPostedEvents();
     EXPECT_EQ(window.paints, shown) << "in a turn of the event loop";
     while (window.paints == shown)
-        frames.paintInWait();
+        waits.begin();
     EXPECT_EQ(window.paints, shown + 1);
 
     window.update();
