@@ -53,6 +53,11 @@ void DevicePort::discardInput()
         dropInput();
 }
 
+bool DevicePort::heardJustNow() const
+{
+    return m_clock.now() - m_heard < std::chrono::microseconds(100);
+}
+
 bool DevicePort::waitForInput(Duration limit)
 {
     using std::chrono::milliseconds;
@@ -60,8 +65,10 @@ bool DevicePort::waitForInput(Duration limit)
         return true;
     const Duration end = m_clock.now() + limit;
     const auto wait = std::chrono::ceil<milliseconds>(std::max(limit, Duration::zero()));
-    if (!m_gone && device().waitForReadyRead(static_cast<int>(wait.count())))
+    if (!m_gone && device().waitForReadyRead(static_cast<int>(wait.count()))) {
+        m_heard = m_clock.now();
         return true;
+    }
     if (m_gone) // a vanished device would return at once, over and over
         m_clock.pause(end - m_clock.now());
     return bytesWaiting() > 0;

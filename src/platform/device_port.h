@@ -35,6 +35,10 @@ protected:
 
     bool gone() const { return m_gone; }
 
+    /// Whether the last answer came less than 0.1 ms ago. A serial line needs five times that for
+    /// another byte, so that nothing can have followed it so far.
+    bool heardJustNow() const;
+
 private:
     virtual QIODevice& device() = 0;
     virtual void closeDevice() = 0;
@@ -42,6 +46,7 @@ private:
     virtual void dropInput() = 0;
 
     Clock& m_clock;
+    Duration m_heard{0}; ///< when a wait has last ended with input
     bool m_open = false; ///< as the link sees it; the device behind may have vanished
     bool m_gone = false;
 };

@@ -48,6 +48,16 @@ void QtSerialPort::rest()
         m_port.flush();
 }
 
+/// The system is asked only where something may have come that the last answer's reading has not
+/// taken along: asking takes as long as all that the program does with a byte.
+void QtSerialPort::dropInput()
+{
+    if (!heardJustNow())
+        m_port.clear(QSerialPort::Input);
+    else if (m_port.bytesAvailable() > 0)
+        m_port.readAll();
+}
+
 /// Systems say "Access is denied" also of a port that somebody else has open.
 PortFault QtSerialPort::openFault() const
 {

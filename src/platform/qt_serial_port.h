@@ -31,7 +31,7 @@ private:
     QIODevice& device() override { return m_port; }
     void closeDevice() override { m_port.close(); }
     void sendNow() override { m_port.flush(); }
-    void dropInput() override { m_port.clear(QSerialPort::Input); }
+    void dropInput() override;
 
     QString m_deviceOverride;
     QString m_device;
