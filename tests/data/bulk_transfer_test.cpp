@@ -1,4 +1,5 @@
 #include "data/bulk_transfer.h"
+#include "data/register_check.h"
 
 #include "tests/support/board_bytes.h"
 #include "tests/support/line_faults.h"
@@ -151,6 +152,17 @@ TEST(BulkTransfer, GoesOnPastWhatCannotBeMovedAndTellsIt)
               "B65536: skipped, names no register; 200 was kept.");
     EXPECT_EQ(rig.board.peekWord(3274), TransferRig::inData(kLast));
     EXPECT_EQ(rig.board.peek(32), rig.before[32]);
+}
+
+TEST(RegisterCheck, TakesOnlyWhatNamesARegisterBeyondDoubt)
+{
+    for (const char* name :
+         {"B0", "w65534", "D65532", "F7", "B100.7", "w2.0", "0H", "1a2bH", "B1h"})
+        EXPECT_TRUE(namesRegister(name)) << name;
+    for (const char* name :
+         {"",    "B",   "X1",     "B-1",   "B 1",  "B1 ", "B123456", "W65535", "D65533", "B1.8",
+          "B1.", "B.1", "B1.2.3", "B1.10", "F1.2", "H",   "1G2BH",   "12345H", "12",     "B\xB2"})
+        EXPECT_FALSE(namesRegister(name)) << name;
 }
 
 TEST(BulkTransfer, AReadIsTriedThreeTimesAndThenKeepsTheValue)
