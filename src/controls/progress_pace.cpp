@@ -8,9 +8,9 @@ namespace tambrix {
 
 namespace {
 
-constexpr double kShowInterval = 0.05; // s: at most 20 times a second
-constexpr double kSureAfter = 2.0;     // s: before it the speed is a guess
-constexpr int kMinute = 60;            // s
+constexpr double kShowInterval = 0.1; // s: at most 10 times a second
+constexpr double kSureAfter = 2.0;    // s: before it the speed is a guess
+constexpr int kMinute = 60;           // s
 
 } // namespace
 
@@ -40,12 +40,11 @@ QString ProgressPace::timeLeft(double now, int done, int total) const
     return QStringLiteral(", about %1 min %2 s left").arg(left / kMinute).arg(left % kMinute);
 }
 
-void setValueLater(QProgressBar& bar, int value)
+void setValueUnpainted(QProgressBar& bar, int value)
 {
     bar.setAttribute(Qt::WA_UpdatesDisabled, true);
     bar.setValue(value);
     bar.setAttribute(Qt::WA_UpdatesDisabled, false);
-    bar.update();
 }
 
 } // namespace tambrix

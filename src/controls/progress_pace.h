@@ -18,7 +18,7 @@ public:
 
     void start(double now);
 
-    /// The text to show now, or nothing while the last one is less than 50 ms old and the job has
+    /// The text to show now, or nothing while the last one is less than 0.1 s old and the job has
     /// not ended. Showing it so seldom keeps the line at full speed.
     std::optional<QString> text(double now, int done, int total);
 
@@ -30,7 +30,7 @@ private:
     std::optional<double> m_lastShown;
 };
 
-/// Shows `value` when the window is painted next. The bar's own setValue() paints at once.
-void setValueLater(QProgressBar& bar, int value);
+/// Counts on; the bar shows it with its next update(). Its own setValue() paints at once.
+void setValueUnpainted(QProgressBar& bar, int value);
 
 } // namespace tambrix

@@ -26,7 +26,7 @@ void CooperativeLoop::start(Task body)
     m_body = std::move(body);
     m_running = true;
     m_waiting = {};
-    m_timer.start(0, this);
+    tryAfter(0ms);
 }
 
 void CooperativeLoop::stop()
@@ -43,16 +43,24 @@ void CooperativeLoop::wait(std::coroutine_handle<> task, std::chrono::millisecon
 {
     m_waiting = task;
     if (m_running)
-        m_timer.start(static_cast<int>(span.count()), this);
+        tryAfter(span);
+}
+
+/// A timer that comes with every turn of the event loop may go on as it is.
+void CooperativeLoop::tryAfter(std::chrono::milliseconds span)
+{
+    if (m_timer.isActive() && span == 0ms && m_span == 0ms)
+        return;
+    m_span = span;
+    m_timer.start(static_cast<int>(span.count()), this);
 }
 
 void CooperativeLoop::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() != m_timer.timerId())
         return;
-    m_timer.stop();
     if (m_inTurn || !m_mayRun())
-        m_timer.start(static_cast<int>(kNextTry.count()), this);
+        tryAfter(kNextTry);
     else
         runTurn();
 }

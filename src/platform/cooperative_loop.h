@@ -52,12 +52,14 @@ private:
     };
 
     void wait(std::coroutine_handle<> task, std::chrono::milliseconds span);
+    void tryAfter(std::chrono::milliseconds span);
     void runTurn();
 
     std::function<bool()> m_mayRun;
     Task m_body;
     std::coroutine_handle<> m_waiting; ///< where the Task stands; none before its first turn
     QBasicTimer m_timer;
+    std::chrono::milliseconds m_span{0}; ///< of the timer
     bool m_running = false;
     bool m_inTurn = false;
 };

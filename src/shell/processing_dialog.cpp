@@ -86,11 +86,13 @@ Task ProcessingDialog::work()
 void ProcessingDialog::showProgress()
 {
     const TransferPlan& plan = m_transfer.plan();
-    setValueLater(*m_prgProcessing, m_transfer.progress());
+    setValueUnpainted(*m_prgProcessing, m_transfer.progress());
     const double now = static_cast<double>(m_running.elapsed()) / 1000;
     const auto text = m_pace.text(now, m_transfer.progress(), plan.last - plan.first + 1);
-    if (text)
-        m_done->setValue(*text);
+    if (!text)
+        return;
+    m_done->setValue(*text);
+    m_prgProcessing->update();
 }
 
 void ProcessingDialog::warn(const std::string& text)
