@@ -22,9 +22,9 @@ protected:
 
 TEST(FrameLimitTest, PaintsInTheWaitsOfTheLineAndByItselfWithoutThem)
 {
-    PaintedWindow window;
     LineWaits waits;
-    new FrameLimit(window, waits);
+    PaintedWindow window;
+    new FrameLimit(window, waits); // the window owns it
     window.show();
     QApplication::processEvents();
     const int shown = window.paints;
