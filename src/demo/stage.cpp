@@ -201,6 +201,7 @@ QWidget& DemoStage::frontWindow() const
 
 bool DemoStage::take(const QString& picture) const
 {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // of what has just changed
     const QStringList cut = cutTexts(frontWindow());
     for (const QString& text : cut)
         print("cut", text, picture);
