@@ -21,6 +21,14 @@ void line(const std::string& what, double value, const std::string& unit, const 
     std::fflush(stdout);
 }
 
+void spread(const std::vector<double>& values, const char* verdict)
+{
+    std::printf("    %zu rounds, middle half %.3f to %.3f, all %.3f to %.3f%s\n", values.size(),
+                quantile(values, 0.25), quantile(values, 0.75), quantile(values, 0),
+                quantile(values, 1), verdict);
+    std::fflush(stdout);
+}
+
 bool isShort()
 {
     return std::getenv("TAMBRIX_BENCH_SHORT") != nullptr;
@@ -71,12 +79,14 @@ void reportAtMost(const std::string& what, double value, double aim, const std::
 void reportRatios(const std::string& what, const std::vector<double>& ratios, double aim)
 {
     reportAtMost(what, median(ratios), aim);
-    const double low = quantile(ratios, 0.25);
-    const double high = quantile(ratios, 0.75);
-    std::printf("    %zu rounds, middle half %.3f to %.3f, all %.3f to %.3f%s\n", ratios.size(),
-                low, high, quantile(ratios, 0), quantile(ratios, 1),
-                high - low > kTellable ? ": too noisy to tell" : "");
-    std::fflush(stdout);
+    spread(ratios, quantile(ratios, 0.75) - quantile(ratios, 0.25) > kTellable
+                       ? ": too noisy to tell"
+                       : "");
+}
+
+void reportSpread(const std::vector<double>& values)
+{
+    spread(values, "");
 }
 
 void report(const std::string& what, double value, const std::string& unit)

@@ -33,6 +33,8 @@ void reportAtMost(const std::string& what, double value, double aim, const std::
 /// The ratios of interleaved rounds, which should not exceed `aim`: their middle value, and on a
 /// line of its own their spread and whether the machine was too noisy to tell.
 void reportRatios(const std::string& what, const std::vector<double>& ratios, double aim);
+/// How many rounds there were, the middle half of their values and the extremes.
+void reportSpread(const std::vector<double>& values);
 /// A value without an aim.
 void report(const std::string& what, double value, const std::string& unit);
 

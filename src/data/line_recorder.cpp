@@ -21,9 +21,10 @@ void LineRecorder::sent(std::uint8_t byte)
 
 void LineRecorder::received(std::uint8_t byte)
 {
-    LineExchange exchange = m_pending.value_or(LineExchange{m_clock.now(), {}, kNoByte, kNoByte});
+    const Duration now = m_clock.now();
+    LineExchange exchange = m_pending.value_or(LineExchange{now, {}, kNoByte, kNoByte});
     m_pending.reset();
-    exchange.took = m_clock.now() - exchange.sent;
+    exchange.took = now - exchange.sent;
     exchange.in = byte;
     add(exchange);
 }

@@ -126,13 +126,12 @@ int ByteExchange::awaitReply(Duration sentAt)
 
 bool ByteExchange::inputBefore(Duration deadline)
 {
-    while (m_port->bytesWaiting() == 0) {
-        const Duration left = deadline - m_clock.now();
-        if (left <= Duration::zero())
-            return false;
-        m_port->waitForInput(left);
+    for (Duration left = deadline - m_clock.now(); left > Duration::zero();
+         left = deadline - m_clock.now()) {
+        if (m_port->waitForInput(left))
+            return true;
     }
-    return true;
+    return m_port->bytesWaiting() > 0;
 }
 
 int ByteExchange::callAttention(Waiting waiting)

@@ -46,12 +46,10 @@ void CooperativeLoop::wait(std::coroutine_handle<> task, std::chrono::millisecon
         tryAfter(span);
 }
 
-/// A timer that comes with every turn of the event loop may go on as it is.
+/// Always started anew: a timer that goes on stays ahead of those that came due meanwhile, and they
+/// would wait for another turn.
 void CooperativeLoop::tryAfter(std::chrono::milliseconds span)
 {
-    if (m_timer.isActive() && span == 0ms && m_span == 0ms)
-        return;
-    m_span = span;
     m_timer.start(static_cast<int>(span.count()), this);
 }
 

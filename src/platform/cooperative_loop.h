@@ -59,7 +59,6 @@ private:
     Task m_body;
     std::coroutine_handle<> m_waiting; ///< where the Task stands; none before its first turn
     QBasicTimer m_timer;
-    std::chrono::milliseconds m_span{0}; ///< of the timer
     bool m_running = false;
     bool m_inTurn = false;
 };

@@ -26,11 +26,10 @@ public:
 
 bool PatientPort::waitForInput(Duration limit)
 {
-    const Duration end = m_clock.now() + limit;
     m_waitBegins();
     if (port().waitForInput(std::min(limit, kUnnoticed)))
         return true;
-    return limit > kUnnoticed && waitVisibly(end);
+    return limit > kUnnoticed && waitVisibly(m_clock.now() + limit - kUnnoticed);
 }
 
 bool PatientPort::waitVisibly(Duration end)
