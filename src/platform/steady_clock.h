@@ -12,7 +12,14 @@ class SteadyClock : public Clock
 {
 public:
     Duration now() const override { return std::chrono::steady_clock::now().time_since_epoch(); }
-    void pause(Duration span) override { std::this_thread::sleep_for(span); }
+
+    /// Windows may wake a thread up to a millisecond early.
+    void pause(Duration span) override
+    {
+        const Duration end = now() + span;
+        for (Duration left = span; left > Duration::zero(); left = end - now())
+            std::this_thread::sleep_for(left);
+    }
 
 private:
     ShortPauses m_shortPauses;
