@@ -3,7 +3,12 @@
 #include "bench/link_under_test.h"
 #include "simulator/pty/pseudo_terminal.h"
 
+#include <chrono>
+
 namespace tambrix::bench {
+
+/// For the program after a plain loop: on what came due while that kept the events waiting.
+inline constexpr std::chrono::milliseconds kCatchingUp{50};
 
 /// Rounds of the program's work on a device, each followed by the same bytes from a plain write,
 /// poll and read loop: what that loop cannot reach either is the machine's.

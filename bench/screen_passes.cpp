@@ -24,7 +24,6 @@ using namespace std::chrono_literals;
 
 constexpr double kGapAim = 35; // ms
 constexpr auto kSettling = 700ms;
-constexpr auto kCatchingUp = 50ms; // on what came due while the plain loop kept the events waiting
 constexpr auto kMeasuring = 400ms;
 constexpr auto kGapMeasuring = 3s; // by itself: its timer takes time from every turn
 constexpr int kRounds = 15;

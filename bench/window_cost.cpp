@@ -2,6 +2,7 @@
 #include "bench/board_process.h"
 #include "bench/event_loop_gap.h"
 #include "bench/figures.h"
+#include "bench/plain_rounds.h"
 #include "bench/program_application.h"
 #include "bench/window_under_test.h"
 #include "screens/main_display.h"
@@ -24,7 +25,6 @@ using namespace std::chrono_literals;
 constexpr int kBaud = 9600;
 constexpr auto kSettling = 1s;
 constexpr auto kMeasuring = 8s;
-constexpr auto kCatchingUp = 50ms; // on what came due while the plain loop kept the events waiting
 constexpr auto kRound = 1s;
 constexpr int kRounds = 15;
 
